@@ -1,0 +1,153 @@
+#include "commands/channel.h"
+
+#include "config/apply.h"
+#include "config/host_command.h"
+#include "config/node_access.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+namespace {
+
+constexpr char CHANNELS_2G[] = "/runtime/stats/wlan/inf:1/channeltable/channel:";
+constexpr char CHANNELS_5G[] = "/runtime/stats/wlan/inf:2/channeltable/channel:";
+constexpr char WDS_CHANNELS_5G[] = "/runtime/stats/wlan/inf:2/channeltable/wdschannel:";
+constexpr char OUTDOOR_CHANNELS_5G[] = "/runtime/stats/wlan/inf:2/channeltable/od_channel:";
+constexpr char OUTDOOR_WDS_CHANNELS_5G[] = "/runtime/stats/wlan/inf:2/channeltable/od_wdschannel:";
+
+constexpr int TABLE_ENTRIES = 50;
+
+// Reads entry `index` of the channel table below `prefix`; empty at the table's end.
+using ChannelText = ShortValue<31>;
+
+ChannelText read_channel(const char *prefix, int index) {
+    ChannelText channel;
+    cfg_get(channel, "%s%d/channel", prefix, index);
+    return channel;
+}
+
+// Null for a code that no country has.
+const char *country_name(int code) {
+    for (const Country &country : SETTABLE_COUNTRIES) {
+        if (country.code == code)
+            return country.name;
+    }
+    return code == 276 ? "DE" : nullptr; // shown, but no word sets it
+}
+
+// How a list of channels is laid out: each number that `row` divides begins a new line, behind
+// `indent` blanks and so below the first channel.
+struct ListLayout {
+    const char *heading;
+    int row;
+    int indent;
+};
+
+void print_channels(const ListLayout &layout, const char *prefix) {
+    cli_printf("%s", layout.heading);
+    for (int index = 1; index <= TABLE_ENTRIES; ++index) {
+        const ChannelText channel = read_channel(prefix, index);
+        if (channel.empty()) {
+            cli_printf("\n");
+            return;
+        }
+        if (index % layout.row == 0)
+            cli_printf("\n%*s", layout.indent, "");
+        cli_printf(" %s", channel.text());
+    }
+}
+
+void print_available_channels() {
+    const int country = read_country_code();
+    const char *name = country_name(country);
+    cli_printf("Country:%s\n", name != nullptr ? name : "unknow country!");
+    run_command("genchanneltable 2> /dev/null");
+    print_channels({"\n2.4 GHz available channel =", 15, 27}, CHANNELS_2G);
+    cfg_number("/wlan/application"); // nothing comes of it
+    const bool outdoor = country == COUNTRY_JAPAN;
+    print_channels({"5 GHz available channel =", 13, 25},
+                   outdoor ? OUTDOOR_CHANNELS_5G : CHANNELS_5G);
+    print_channels({"5 GHz available WDS channel =", 13, 29},
+                   outdoor ? OUTDOOR_WDS_CHANNELS_5G : WDS_CHANNELS_5G);
+}
+
+bool is_2g_channel(int channel) {
+    return channel >= 1 && channel <= 13;
+}
+bool is_5g_channel(int channel) {
+    return channel >= 36 && channel <= 165;
+}
+
+bool table_holds(const char *prefix, int channel) {
+    for (int index = 1; index <= TABLE_ENTRIES; ++index) {
+        const ChannelText entry = read_channel(prefix, index);
+        if (entry.empty())
+            return false;
+        if (entry.number() == channel)
+            return true;
+    }
+    return false;
+}
+
+int refuse_channel_number() {
+    cli_printf("error channel number!\n");
+    print_available_channels();
+    return CLI_DONE;
+}
+
+int refuse_other_band(int band) {
+    cli_printf(band == 1 ? "AP is operating in 5 GHz\n" : "AP is operating in 2.4 GHz\n");
+    cli_printf("Please check the available channel value below!\n");
+    print_available_channels();
+    return CLI_DONE;
+}
+
+} // namespace
+
+int read_country_code() {
+    ShortValue<3> code;
+    cfg_get(code, "/runtime/layout/countrycode");
+    return code.number();
+}
+
+int set_channel(CliContext &cli, const char *, CliCommand *) {
+    const char *word = arg_peek(cli, 0);
+    if (word == nullptr)
+        return refuse_channel_number();
+    const int channel = decimal_value(word);
+    ShortValue<31> band_text;
+    cfg_get(band_text, "/wlan/ch_mode");
+    if (band_text.empty()) {
+        cli_printf("Can't get Band information!\n");
+        if (!is_2g_channel(channel) && !is_5g_channel(channel))
+            return refuse_channel_number();
+    }
+    const int band = band_text.number();
+    const bool in_band =
+        (band == 0 && is_2g_channel(channel)) || (band == 1 && is_5g_channel(channel));
+    if (!in_band)
+        return refuse_other_band(band);
+    if (!table_holds(band == 0 ? CHANNELS_2G : CHANNELS_5G, channel))
+        return refuse_channel_number();
+    cfg_set(word, "/wlan/inf:1/channel"); // interface 1 for both bands. Meant so.
+    pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
+}
+
+int get_available_channels(CliContext &, const char *, CliCommand *) {
+    print_available_channels();
+    return CLI_DONE;
+}
+
+int set_country(CliContext &, const char *, CliCommand *) {
+    const Country &country = SETTABLE_COUNTRIES[current_command - country_rows.data()];
+    run_command("mfc setcountrycode %d", country.code);
+    cfg_set_number(country.code, "/runtime/layout/countrycode");
+    pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
+}
+
+int get_country(CliContext &, const char *, CliCommand *) {
+    const char *name = country_name(read_country_code());
+    cli_printf("Country:%s\n", name != nullptr ? name : "unknow country!!");
+    return CLI_DONE;
+}

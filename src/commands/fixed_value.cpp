@@ -1,0 +1,60 @@
+#include "commands/fixed_value.h"
+
+#include "config/apply.h"
+#include "config/host_command.h"
+#include "config/node_access.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+// The formats come from template arguments of this program's own rows.
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+
+const char *switch_name(int number) {
+    return enable_word(number == 1);
+}
+
+int write_fixed_value(const CliContext &cli, const char *path, const char *value,
+                      std::uint32_t apply_bits, const char *message) {
+    cfg_set(value, path, interface_number(cli));
+    pending_apply |= apply_bits;
+    cli_printf("%s", message);
+    return CLI_DONE;
+}
+
+int show_node_text(const CliContext &cli, const char *path, const char *format, std::size_t limit,
+                   const char *memory_message) {
+    ValueBuffer value(limit);
+    if (!value)
+        return refuse("%s", memory_message);
+    cfg_get(value, path, interface_number(cli));
+    cli_printf(format, value.text());
+    return CLI_DONE;
+}
+
+int show_node_name(const CliContext &cli, const char *path, const char *format, NumberName *name,
+                   const char *memory_message) {
+    ValueBuffer value;
+    if (!value)
+        return refuse("%s", memory_message);
+    cfg_get(value, path, interface_number(cli));
+    cli_printf(format, name(value.number()));
+    return CLI_DONE;
+}
+
+int write_word_in_range(const CliContext &cli, const char *path, std::uint32_t low,
+                        std::uint32_t high, std::uint32_t apply_bits, const char *message,
+                        int refusal) {
+    const char *word = arg_peek(cli, 0);
+    if (word == nullptr || unsigned_value(word) < low || unsigned_value(word) > high) {
+        cli_printf("%s", message);
+        return refusal;
+    }
+    cfg_set(word, path, interface_number(cli));
+    pending_apply |= apply_bits;
+    return CLI_DONE;
+}
+
+int run_fixed_command(const CliContext &cli, const char *command) {
+    run_command_line(CommandLine(command, {interface_number(cli)}));
+    return CLI_DONE;
+}

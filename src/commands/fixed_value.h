@@ -1,0 +1,106 @@
+// Leaves of the command tables that need no function of their own: a fixed write, a shown node, a
+// tool run as it stands. Node paths and command lines are template arguments and may hold one
+// "%d", for the number of the current band's interface.
+#pragma once
+
+#include "shell/command.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+
+// A text as a template argument.
+template <std::size_t N>
+struct FixedText {
+    char text[N];
+
+    consteval FixedText(const char (&literal)[N]) { std::copy_n(literal, N, text); }
+
+    // True when the text has at most one conversion, and that is `conversion`.
+    [[nodiscard]] consteval bool converts_only(char conversion) const {
+        int conversions = 0;
+        for (std::size_t at = 0; at + 1 < N; ++at) {
+            if (text[at] == '%' && (text[at + 1] != conversion || ++conversions > 1))
+                return false;
+        }
+        return true;
+    }
+};
+
+// Writes `value` to the node of `path`, sets the apply bits, prints `message`. Returns 0, also
+// when the write failed.
+int write_fixed_value(const CliContext &cli, const char *path, const char *value,
+                      std::uint32_t apply_bits, const char *message);
+
+// Prints `format` with the node's text, read up to `limit` bytes, for its "%s". Returns 0; or -1
+// after `memory_message`.
+int show_node_text(const CliContext &cli, const char *path, const char *format, std::size_t limit,
+                   const char *memory_message);
+
+// Names a node's number in a display.
+using NumberName = const char *(int number);
+
+// Prints `format` with the name of the node's number for its "%s". Returns 0; or -1 after
+// `memory_message`.
+int show_node_name(const CliContext &cli, const char *path, const char *format, NumberName *name,
+                   const char *memory_message);
+
+// "enable" for exactly 1, else "disable".
+const char *switch_name(int number);
+
+// Takes the first unread word, left in the ring, and writes it as typed to the node of `path` when
+// its decimal value lies in low..high (compared unsigned, so that a negative number does not);
+// sets the apply bits and returns 0. Without a word or outside the range prints `message` and
+// returns `refusal`.
+int write_word_in_range(const CliContext &cli, const char *path, std::uint32_t low,
+                        std::uint32_t high, std::uint32_t apply_bits, const char *message,
+                        int refusal);
+
+// Runs a command line of the program's own text, with the interface's number for its "%d".
+// Returns 0.
+int run_fixed_command(const CliContext &cli, const char *command);
+
+inline constexpr char MEMORY_ERROR[] = "memory error!\n";
+inline constexpr char CANT_ALLOC_MEMORY[] = " can't alloc memory \n";
+inline constexpr char NO_ENOUGH_MEMORY[] = "no enough memory!\n";
+
+// The handlers of such rows.
+
+template <FixedText Path, FixedText Value, std::uint32_t ApplyBits, FixedText Message = "">
+int write_fixed(CliContext &cli, const char *, CliCommand *) {
+    static_assert(Path.converts_only('d'));
+    return write_fixed_value(cli, Path.text, Value.text, ApplyBits, Message.text);
+}
+
+template <FixedText Path, FixedText Format, std::size_t Limit = 4096,
+          FixedText MemoryMessage = MEMORY_ERROR>
+int show_text(CliContext &cli, const char *, CliCommand *) {
+    static_assert(Path.converts_only('d') && Format.converts_only('s'));
+    return show_node_text(cli, Path.text, Format.text, Limit, MemoryMessage.text);
+}
+
+template <FixedText Path, FixedText Format, FixedText MemoryMessage = MEMORY_ERROR>
+int show_switch(CliContext &cli, const char *, CliCommand *) {
+    static_assert(Path.converts_only('d') && Format.converts_only('s'));
+    return show_node_name(cli, Path.text, Format.text, switch_name, MemoryMessage.text);
+}
+
+template <FixedText Path, FixedText Format, NumberName *Name,
+          FixedText MemoryMessage = MEMORY_ERROR>
+int show_name(CliContext &cli, const char *, CliCommand *) {
+    static_assert(Path.converts_only('d') && Format.converts_only('s'));
+    return show_node_name(cli, Path.text, Format.text, Name, MemoryMessage.text);
+}
+
+template <FixedText Path, std::uint32_t Low, std::uint32_t High, std::uint32_t ApplyBits,
+          FixedText Message, int Refusal = CLI_REFUSED>
+int write_in_range(CliContext &cli, const char *, CliCommand *) {
+    static_assert(Path.converts_only('d'));
+    return write_word_in_range(cli, Path.text, Low, High, ApplyBits, Message.text, Refusal);
+}
+
+template <FixedText Command>
+int run_fixed(CliContext &cli, const char *, CliCommand *) {
+    static_assert(Command.converts_only('d'));
+    return run_fixed_command(cli, Command.text);
+}

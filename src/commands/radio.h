@@ -1,0 +1,178 @@
+// Radio settings: SSID, band, rates of the beacon, power, modes and the switches of the radio.
+#pragma once
+
+#include "commands/fixed_value.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
+
+// The band that the device runs, 0 = 2.4 GHz, 1 = 5 GHz, as `get band` or select_band saw it last.
+extern std::int32_t operating_band;
+
+int set_ssid(CliContext &cli, const char *word, CliCommand *subtable);
+int set_cwm_auto(CliContext &cli, const char *word, CliCommand *subtable);
+int set_wireless_mode(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Refused in Israel; in Japan a WDS operating mode is given up first.
+int set_band_5g(CliContext &cli, const char *word, CliCommand *subtable);
+int get_band(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Makes the one word, 0 or 1, the operating and the current band. No word is bound to it.
+int select_band(CliContext &cli, const char *word, CliCommand *subtable);
+
+int get_acktimeout(CliContext &cli, const char *word, CliCommand *subtable);
+int refuse_radar_bang(CliContext &cli, const char *word, CliCommand *subtable);
+
+// `set wlantest [times]`: restarts the radio again and again, waiting for it to settle.
+int test_wlan_restart(CliContext &cli, const char *word, CliCommand *subtable);
+
+const char *partition_name(int number);
+const char *channel_width_name(int number);
+const char *tx_power_name(int number);
+const char *wireless_mode_name(int number);
+
+// A wireless mode that a word sets.
+struct WirelessMode {
+    const char *word;
+    const char *help;
+    int value;
+    const char *name;
+};
+
+inline constexpr WirelessMode WIRELESS_MODES[] = {
+    {"ngb", "wlmode mixed n/b/g", 5, "80211n 80211g 80211b"},
+    {"only-n2.4G", "wlmode 80211n with 2.4G", 4, "80211n"},
+    {"gb", "wlmode mixed 80211b and 80211g", 2, "80211b 80211g"},
+    {"only-a", "wlmode 80211a", 7, "80211a"},
+    {"an", "wlmode 80211a and 802.11n", 8, "80211a 80211n"},
+    {"only-n5G", "wlmode 80211n with 5G", 9, "80211n (5GHz)"},
+};
+
+inline constinit auto auto_channel_rows = command_table({
+    {"enable", "enable autochannel", write_fixed<"/wlan/inf:%d/autochannel", "1", APPLY_WLAN>},
+    {"disable", "disable autochannel", write_fixed<"/wlan/inf:%d/autochannel", "0", APPLY_WLAN>},
+});
+
+inline constinit auto ssid_hidden_rows = command_table({
+    {"enable", "enable ssidhidden", write_fixed<"/wlan/inf:%d/ssidhidden", "1", APPLY_WLAN>},
+    {"disable", "disable ssidhidden", write_fixed<"/wlan/inf:%d/ssidhidden", "0", APPLY_WLAN>},
+});
+
+inline constinit auto wmm_rows = command_table({
+    {"enable", "enable wmm", write_fixed<"/wlan/inf:%d/wmm/enable", "1", APPLY_WLAN>},
+    {"disable", "disable wmm", write_fixed<"/wlan/inf:%d/wmm/enable", "0", APPLY_WLAN>},
+});
+
+// Stored the other way round: 0 keeps the clients apart. Meant so.
+inline constinit auto w_partition_rows = command_table({
+    {"enable", "enable w_partition", write_fixed<"/wlan/inf:%d/w_partition", "0", APPLY_WLAN>},
+    {"disable", "disable w_partition", write_fixed<"/wlan/inf:%d/w_partition", "1", APPLY_WLAN>},
+});
+
+inline constinit auto e_partition_rows = command_table({
+    {"enable", "enable e_partition", write_fixed<"/wlan/inf:%d/e_partition", "1", APPLY_WLAN>},
+    {"disable", "disable e_partition", write_fixed<"/wlan/inf:%d/e_partition", "0", APPLY_WLAN>},
+});
+
+inline constinit auto ethlink_rows = command_table({
+    {"enable", "enable ethlink", write_fixed<"/wlan/inf:%d/ethlink", "1", APPLY_WLAN>},
+    {"disable", "disable ethlink", write_fixed<"/wlan/inf:%d/ethlink", "0", APPLY_WLAN>},
+});
+
+inline constinit auto shortgi_rows = command_table({
+    {"enable", "enable shortgi", write_fixed<"/wlan/inf:%d/shortgi", "1", APPLY_WLAN>},
+    {"disable", "disable shortgi", write_fixed<"/wlan/inf:%d/shortgi", "0", APPLY_WLAN>},
+});
+
+inline constinit auto wireless_rows = command_table({
+    {"enable", "enable wireless", write_fixed<"/wlan/inf:%d/enable", "1", APPLY_WLAN>},
+    {"disable", "disable wireless", write_fixed<"/wlan/inf:%d/enable", "0", APPLY_WLAN>},
+});
+
+inline constinit auto cwm_rows = command_table({
+    {"auto", "20/40MHz automatically", set_cwm_auto},
+    {"20MHz", "20MHz only", write_fixed<"/wlan/inf:%d/cwmmode", "0", APPLY_WLAN>},
+});
+
+inline constinit auto tx_power_rows = command_table({
+    {"100%", "txpower 100%", write_fixed<"/wlan/inf:%d/txpower", "1", APPLY_WLAN>},
+    {"50%", "txpower 50%", write_fixed<"/wlan/inf:%d/txpower", "2", APPLY_WLAN>},
+    {"25%", "txpower 25%", write_fixed<"/wlan/inf:%d/txpower", "3", APPLY_WLAN>},
+    {"12.5%", "txpower 12.5%", write_fixed<"/wlan/inf:%d/txpower", "4", APPLY_WLAN>},
+});
+
+inline constinit auto band_rows = command_table({
+    {"2.4G", "2.4 GHz band", write_fixed<"/wlan/ch_mode", "0", APPLY_WLAN>},
+    {"5G", "5 GHz band", set_band_5g},
+});
+
+inline constinit auto wireless_mode_rows =
+    command_table_of(WIRELESS_MODES, [](const WirelessMode &mode) {
+        return CliCommand{mode.word, mode.help, set_wireless_mode};
+    });
+
+inline constexpr auto radio_set_rows = command_rows({
+    {"ssid", "Set SSID", set_ssid},
+    {"autoChannel", "Set auto channel selection", dispatch_subtable, auto_channel_rows.data()},
+    {"ssidhidden", "Set SSID hidden", dispatch_subtable, ssid_hidden_rows.data()},
+    {"wmm", "Set WMM", dispatch_subtable, wmm_rows.data()},
+    {"w_partition", "Set wireless partition", dispatch_subtable, w_partition_rows.data()},
+    {"e_partition", "Set ethernet to wireless partition", dispatch_subtable,
+     e_partition_rows.data()},
+    {"ethlink", "Set ethernet integration", dispatch_subtable, ethlink_rows.data()},
+    {"shortgi", "Set short guard interval", dispatch_subtable, shortgi_rows.data()},
+    {"wireless", "Set wireless", dispatch_subtable, wireless_rows.data()},
+    {"cwm", "Set channel width", dispatch_subtable, cwm_rows.data()},
+    {"txpower", "Set transmit power", dispatch_subtable, tx_power_rows.data()},
+    {"wlmode", "Set wireless mode", dispatch_subtable, wireless_mode_rows.data()},
+    {"band", "Set band", dispatch_subtable, band_rows.data()},
+    {"dtim", "Set DTIM (1--15)",
+     write_in_range<"/wlan/inf:%d/dtim", 1, 15, APPLY_WLAN, "No dtim!\n">},
+    {"beaconinterval", "Set Beaconinterval (range:25--500)",
+     write_in_range<"/wlan/inf:%d/beaconinterval", 25, 500, APPLY_WLAN, "No beaconinterval!\n">},
+    {"acktimeout_a", "Set acktimeput in A band (range:25--200)",
+     write_in_range<"/wlan/inf:%d/acktimeout_a", 25, 200, APPLY_WLAN, "No acktimeout!\n">},
+    {"acktimeout_g", "Set acktimeput in G band (range:48--200)",
+     write_in_range<"/wlan/inf:%d/acktimeout_g", 48, 200, APPLY_WLAN, "No acktimeout!\n">},
+    {"fixpower", "Set a fix power in SW side",
+     write_in_range<"/wlan/inf:%d/fixpower", 0, 40, APPLY_WLAN, "No fixpower!\n">, nullptr,
+     DEBUG_TAG},
+    {"dfstest", "Set DFS test mode (0-1)",
+     write_in_range<"/wlan/inf:1/dfstest", 0, 1, APPLY_WLAN,
+                    "wrong number! 0:Disable DFS test mode 1:Enable DFS test mode\n", CLI_DONE>,
+     nullptr, HIDDEN_TAG},
+    {"dfsbangradar", "Set DFS bang radar", refuse_radar_bang, nullptr, HIDDEN_TAG},
+    {"wlantest", "Set WLAN restart test", test_wlan_restart, nullptr, DEBUG_TAG},
+});
+
+inline constexpr auto radio_get_rows = command_rows({
+    {"ssid", "Display SSID", show_text<"/wlan/inf:%d/ssid", "SSID:%s\n", 64>},
+    {"autochannel", "Display auto channel selection",
+     show_switch<"/wlan/inf:%d/autochannel", "autochannel:%s\n">},
+    {"ssidhidden", "Display SSID hidden",
+     show_switch<"/wlan/inf:%d/ssidhidden", "ssidhidden:%s\n">},
+    {"wmm", "Display WMM", show_switch<"/wlan/inf:%d/wmm/enable", "wmm:%s\n">},
+    {"w_partition", "Display wireless partition",
+     show_name<"/wlan/inf:%d/w_partition", "w_partition:%s\n", partition_name>},
+    {"e_partition", "Display ethernet to wireless partition",
+     show_switch<"/wlan/inf:%d/e_partition", "e_partition:%s\n">},
+    {"ethlink", "Display ethernet integration",
+     show_switch<"/wlan/inf:%d/ethlink", "ethernet integration:%s\n">},
+    {"shortgi", "Display short guard interval",
+     show_switch<"/wlan/inf:%d/shortgi", "shortgi:%s\n">},
+    {"wireless", "Display wireless", show_switch<"/wlan/inf:%d/enable", "wireless:%s\n">},
+    {"cwm", "Display channel width",
+     show_name<"/wlan/inf:%d/cwmmode", "cwmmode:%s\n", channel_width_name>},
+    {"txpower", "Display transmit power",
+     show_name<"/wlan/inf:%d/txpower", "txpower:%s\n", tx_power_name>},
+    {"wlmode", "Display wireless mode",
+     show_name<"/wlan/inf:1/wlmode", "wlmode:%s\n", wireless_mode_name>},
+    {"dtim", "Display DTIM", show_text<"/wlan/inf:%d/dtim", "dtim:%s\n">},
+    {"beaconinterval", "Display beacon interval",
+     show_text<"/wlan/inf:%d/beaconinterval", "beaconinterval:%s\n">},
+    {"fixpower", "Display fix power", show_text<"/wlan/inf:%d/fixpower", "fixpower:%s\n">, nullptr,
+     DEBUG_TAG},
+    {"channel", "Display channel", show_text<"/runtime/stats/wlan/inf:%d/channel", "channel:%s\n">},
+    {"dfstest", "Display DFS test mode", show_text<"/wlan/inf:1/dfstest", "DFS Test Mode:%s\n">},
+    {"acktimeout", "Display ACK timeout", get_acktimeout},
+    {"band", "Display band", get_band},
+});

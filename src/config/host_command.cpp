@@ -1,0 +1,119 @@
+#include "config/host_command.h"
+
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+
+namespace {
+
+bool is_harmless(const char *word) {
+    static constexpr char HARMLESS[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
+                                       "0123456789_@%+=:,./-";
+    return *word != '\0' && word[std::strspn(word, HARMLESS)] == '\0';
+}
+
+// A pipe from the system shell.
+class Pipe {
+public:
+    explicit Pipe(const char *command) : stream_(popen(command, "r")) {}
+    Pipe(const Pipe &) = delete;
+    Pipe &operator=(const Pipe &) = delete;
+    ~Pipe() {
+        if (stream_ != nullptr)
+            pclose(stream_);
+    }
+
+    explicit operator bool() const { return stream_ != nullptr; }
+
+    // Reads all there is and keeps the first `limit` bytes; returns how many were kept.
+    std::size_t read_all(char *kept, std::size_t limit) {
+        const std::size_t length = std::fread(kept, 1, limit, stream_);
+        char dropped[256];
+        while (std::fread(dropped, 1, sizeof dropped, stream_) > 0) {
+        }
+        return length;
+    }
+
+private:
+    std::FILE *stream_;
+};
+
+bool may_run(const CommandLine &line) {
+    std::fflush(stdout);
+    if (!line.is_whole())
+        std::fputs("Command line too long.\n", stderr);
+    return line.is_whole();
+}
+
+} // namespace
+
+CommandLine::CommandLine(const char *format, std::initializer_list<CommandValue> values) {
+    const CommandValue *value = values.begin();
+    for (const char *at = format; *at != '\0'; ++at) {
+        if (*at != '%') {
+            append(*at);
+            continue;
+        }
+        ++at; // "d" or "s", checked when the format was compiled
+        if (value->text == nullptr)
+            append_number(value->number);
+        else if (value->is_foreign && !is_harmless(value->text))
+            append_quoted(value->text);
+        else
+            append(value->text);
+        ++value;
+    }
+    text_[length_] = '\0';
+}
+
+void CommandLine::append(char c) {
+    if (length_ < LIMIT)
+        text_[length_++] = c;
+}
+
+void CommandLine::append(const char *text) {
+    for (; *text != '\0'; ++text)
+        append(*text);
+}
+
+void CommandLine::append_number(int number) {
+    char digits[16];
+    std::snprintf(digits, sizeof digits, "%d", number);
+    append(digits);
+}
+
+// Single quotes keep everything but themselves; those stand escaped between two quoted parts.
+void CommandLine::append_quoted(const char *word) {
+    append('\'');
+    for (; *word != '\0'; ++word) {
+        if (*word == '\'')
+            append("'\\''");
+        else
+            append(*word);
+    }
+    if (length_ == LIMIT)
+        cut_in_quotes_ = true;
+    append('\'');
+}
+
+int run_command_line(const CommandLine &line) {
+    return may_run(line) ? std::system(line.text()) : -1;
+}
+
+int capture_command_line(ReadTarget target, const CommandLine &line) {
+    target.data[0] = '\0';
+    if (!may_run(line))
+        return -1;
+    Pipe pipe(line.text());
+    if (!pipe)
+        return -1;
+    std::size_t length = pipe.read_all(target.data, target.limit);
+    if (length > 0 && target.data[length - 1] == '\n')
+        --length;
+    target.data[length] = '\0';
+    return 0;
+}
+
+void save_configuration() {
+    run_command("/etc/scripts/misc/profile.sh put");
+}

@@ -1,0 +1,90 @@
+#include "config/node_access.h"
+
+#include "config/array_sync.h"
+#include "config/xmldb_client.h"
+
+#include <cstdarg>
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+struct NodePath {
+    char text[NODE_PATH_LIMIT + 1];
+
+    NodePath(const char *format, std::va_list values) {
+        std::vsnprintf(text, sizeof text, format, values);
+    }
+};
+
+int fail(const char *message) {
+    std::perror(message);
+    return -1;
+}
+
+int read_node(ReadTarget target, const char *path) {
+    target.data[0] = '\0';
+    const UniqueFd connection = xmldb_open(nullptr);
+    if (!connection)
+        return fail("Cannot open database.");
+    if (xmldb_get(connection, 0, path, nullptr) != 0)
+        return fail("Get ERROR!");
+    const ssize_t got = read(connection.get(), target.data, target.limit);
+    if (got < 0)
+        return fail("Read database failed.");
+    target.data[got] = '\0';
+    return 0;
+}
+
+int write_node(const char *value, const char *path) {
+    note_array_write(path);
+    const UniqueFd connection = xmldb_open(nullptr);
+    if (!connection)
+        return fail("Cannot open database.");
+    return xmldb_set(connection, 0, path, value) == -1 ? fail("Set ERROR!") : 0;
+}
+
+} // namespace
+
+int cfg_get(ReadTarget target, const char *path, ...) {
+    std::va_list values;
+    va_start(values, path);
+    const NodePath expanded(path, values);
+    va_end(values);
+    return read_node(target, expanded.text);
+}
+
+int cfg_number(const char *path, ...) {
+    std::va_list values;
+    va_start(values, path);
+    const NodePath expanded(path, values);
+    va_end(values);
+    ShortValue<128> value;
+    read_node(value, expanded.text);
+    return value.number();
+}
+
+int cfg_set(const char *value, const char *path, ...) {
+    std::va_list values;
+    va_start(values, path);
+    const NodePath expanded(path, values);
+    va_end(values);
+    return write_node(value, expanded.text);
+}
+
+int cfg_set_number(long long value, const char *path, ...) {
+    std::va_list values;
+    va_start(values, path);
+    const NodePath expanded(path, values);
+    va_end(values);
+    char text[24];
+    std::snprintf(text, sizeof text, "%lld", value);
+    return write_node(text, expanded.text);
+}
+
+int cfg_del(const char *path) {
+    const UniqueFd connection = xmldb_open(nullptr);
+    if (!connection)
+        return fail("Cannot open database.");
+    return xmldb_del(connection, 0, path) == -1 ? fail("Del ERROR!") : 0;
+}

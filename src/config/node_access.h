@@ -1,0 +1,29 @@
+// How handlers read, write and delete the nodes of the configuration database. Each operation
+// opens a connection of its own. Failures are reported on standard error as the message, ": ",
+// the system's error text and a newline.
+#pragma once
+
+#include "config/value_buffer.h"
+
+// Node paths expand to at most this many characters.
+inline constexpr std::size_t NODE_PATH_LIMIT = 4095;
+
+// Reads the node of a formatted path into `target` with one read; a longer value is cut at the
+// target's limit. The text always ends, and is empty when the read failed. Returns 0; or -1 after
+// "Cannot open database.", "Get ERROR!" or "Read database failed.".
+[[gnu::format(printf, 2, 3)]] int cfg_get(ReadTarget target, const char *path, ...);
+
+// The decimal value of a node, 0 when it is absent, no number, or could not be read.
+[[gnu::format(printf, 1, 2)]] int cfg_number(const char *path, ...);
+
+// Writes `value` to the node of a formatted path, and first marks the array's configuration as
+// changed when the path belongs to a setting that the array keeps in step. Returns 0; or -1 after
+// "Cannot open database." or "Set ERROR!".
+[[gnu::format(printf, 2, 3)]] int cfg_set(const char *value, const char *path, ...);
+
+// The same with a number as its decimal text.
+[[gnu::format(printf, 2, 3)]] int cfg_set_number(long long value, const char *path, ...);
+
+// Deletes the node of a plain path. Returns 0; or -1 after "Cannot open database." or
+// "Del ERROR!".
+int cfg_del(const char *path);

@@ -1,0 +1,163 @@
+#include "config/xmldb_client.h"
+
+#include <cerrno>
+#include <cstdarg>
+#include <cstring>
+#include <sys/select.h>
+#include <sys/socket.h>
+#include <sys/un.h>
+
+const char *xmldb_default_socket = XMLDB_SOCKET;
+
+namespace {
+
+constexpr std::size_t SET_SIZE = 1024;
+constexpr std::size_t PAIR_SIZE = 256;
+constexpr std::size_t FORMATTED_PATH_SIZE = 512;
+constexpr std::size_t TEXT_CHUNK = 1024;
+
+// No write may raise a signal, whenever the daemon goes away.
+bool send_all(const UniqueFd &connection, const void *data, std::size_t size) {
+    const auto *at = static_cast<const char *>(data);
+    while (size > 0) {
+        const ssize_t sent = send(connection.get(), at, size, MSG_NOSIGNAL);
+        if (sent <= 0)
+            return false;
+        at += sent;
+        size -= static_cast<std::size_t>(sent);
+    }
+    return true;
+}
+
+int send_text(const UniqueFd &connection, std::uint16_t action, std::uint32_t flags,
+              const char *text) {
+    return xmldb_request(connection, action, flags, text, std::strlen(text) + 1);
+}
+
+// A status that ends early counts as failure.
+int read_status(const UniqueFd &connection) {
+    XmldbStatusReply reply{};
+    std::size_t have = 0;
+    while (have < sizeof reply) {
+        const ssize_t got =
+            recv(connection.get(), reinterpret_cast<char *>(&reply) + have, sizeof reply - have, 0);
+        if (got <= 0)
+            return -1;
+        have += static_cast<std::size_t>(got);
+    }
+    return reply.result;
+}
+
+// "first second", cut so that it fits the protocol's area of `Size` bytes.
+template <std::size_t Size>
+int send_pair(const UniqueFd &connection, std::uint16_t action, std::uint32_t flags,
+              const char *first, const char *second) {
+    char text[Size];
+    std::snprintf(text, sizeof text, "%s %s", first, second);
+    return send_text(connection, action, flags, text) == 0 ? read_status(connection) : -1;
+}
+
+void wait_readable(int fd) {
+    fd_set readable;
+    FD_ZERO(&readable);
+    FD_SET(fd, &readable);
+    select(fd + 1, &readable, nullptr, nullptr, nullptr);
+}
+
+} // namespace
+
+UniqueFd xmldb_open(const char *socket_path) {
+    UniqueFd connection(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (!connection) {
+        std::fprintf(stderr, "Cound not create unix domain socket: %s.\n", std::strerror(errno));
+        return connection;
+    }
+    sockaddr_un address{};
+    address.sun_family = AF_UNIX;
+    const char *path = socket_path != nullptr ? socket_path : xmldb_default_socket;
+    std::memcpy(address.sun_path, path, strnlen(path, sizeof address.sun_path));
+    if (connect(connection.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) !=
+        0) {
+        // Shows the argument as passed: nobody names the default.
+        std::fprintf(stderr, "Cound not connect to unix socket: %s.\n",
+                     socket_path != nullptr ? socket_path : "(null)");
+        connection.reset();
+    }
+    return connection;
+}
+
+void xmldb_close(UniqueFd &connection) {
+    connection.reset();
+}
+
+int xmldb_request(const UniqueFd &connection, std::uint16_t action, std::uint32_t flags,
+                  const char *payload, std::size_t length) {
+    XmldbRequestHeader header{};
+    header.action = action;
+    header.length = static_cast<std::uint16_t>(length);
+    header.flags = flags;
+    if (!send_all(connection, &header, sizeof header))
+        return -1;
+    return send_all(connection, payload, length) ? 0 : -1;
+}
+
+int xmldb_read_text(const UniqueFd &connection, std::FILE *stream) {
+    static char chunk[TEXT_CHUNK];
+    while (true) {
+        wait_readable(connection.get());
+        const ssize_t got = read(connection.get(), chunk, sizeof chunk);
+        if (got < 1)
+            return static_cast<int>(got);
+        const auto size = static_cast<std::size_t>(got);
+        if (chunk[size - 1] == '\0') {
+            std::fputs(chunk, stream);
+            return static_cast<int>(got);
+        }
+        std::fwrite(chunk, 1, size, stream);
+    }
+}
+
+int xmldb_get(const UniqueFd &connection, std::uint32_t flags, const char *path,
+              std::FILE *stream) {
+    return xmldb_text_action(connection, XMLDB_GET, flags, path, stream);
+}
+
+int xmldb_get_format(const UniqueFd &connection, char *buffer, std::size_t size, const char *path,
+                     ...) {
+    char expanded[FORMATTED_PATH_SIZE];
+    std::va_list values;
+    va_start(values, path);
+    std::vsnprintf(expanded, sizeof expanded, path, values);
+    va_end(values);
+    if (send_text(connection, XMLDB_GET, 0, expanded) != 0)
+        return -1;
+    return static_cast<int>(read(connection.get(), buffer, size));
+}
+
+int xmldb_set(const UniqueFd &connection, std::uint32_t flags, const char *path,
+              const char *value) {
+    return send_pair<SET_SIZE>(connection, XMLDB_SET, flags, path, value);
+}
+
+int xmldb_del(const UniqueFd &connection, std::uint32_t flags, const char *path) {
+    return xmldb_status_action(connection, XMLDB_DEL, flags, path);
+}
+
+int xmldb_text_action(const UniqueFd &connection, std::uint16_t action, std::uint32_t flags,
+                      const char *path, std::FILE *stream) {
+    if (send_text(connection, action, flags, path) != 0)
+        return -1;
+    if (stream != nullptr && xmldb_read_text(connection, stream) < 0)
+        return -1;
+    return 0;
+}
+
+int xmldb_status_action(const UniqueFd &connection, std::uint16_t action, std::uint32_t flags,
+                        const char *path) {
+    return send_text(connection, action, flags, path) == 0 ? read_status(connection) : -1;
+}
+
+int xmldb_pair_action(const UniqueFd &connection, std::uint32_t flags, const char *first,
+                      const char *second) {
+    return send_pair<PAIR_SIZE>(connection, XMLDB_STATUS_PAIR_8, flags, first, second);
+}

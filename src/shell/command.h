@@ -1,0 +1,107 @@
+// Command tables: rows as data, joined and checked at compile time.
+#pragma once
+
+#include "shell/context.h"
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+// Takes the context, the matched word (lowered; overwritten by the next dispatch level) and the
+// row's subtable. Returns a CliResult.
+using CliHandler = int(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Must be typed in full, and is hidden from listings while the debug level is locked.
+inline constexpr char HIDDEN_TAG[] = ".";
+// Exists only while the debug level is unlocked. It is the unlocking code itself.
+inline constexpr char DEBUG_TAG[] = "kqv80417";
+
+struct CliCommand {
+    const char *name;               // the word to type; "" ends the table
+    const char *help;               // null: no line of its own in a listing
+    CliHandler *handler;            // null ends the table
+    CliCommand *subtable = nullptr; // null for a leaf
+    const char *tag = nullptr;      // null, HIDDEN_TAG or DEBUG_TAG
+    std::uint32_t band_mask = 0;    // 0: on both radios
+    std::int32_t match_length = 0;  // scratch of the dispatcher
+};
+
+// A table of N rows and its sentinel.
+template <std::size_t N>
+using CommandTable = std::array<CliCommand, N + 1>;
+
+namespace table_checks {
+
+// Reaching one of these while a table is built stops the compilation with its name.
+void a_row_has_no_handler();
+void a_word_stands_twice();
+
+constexpr std::size_t hash_word(std::string_view word) {
+    std::uint32_t hash = 2166136261U;
+    for (const char c : word)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
+    return hash;
+}
+
+// Open addressing keeps the check linear: comparing all pairs of hundreds of rows would run into
+// the compiler's limits.
+template <std::size_t N>
+consteval void check_rows(const std::array<CliCommand, N> &rows) {
+    constexpr std::size_t SLOTS = 2 * N + 1;
+    std::array<std::string_view, SLOTS> seen{};
+    for (std::size_t row = 0; row + 1 < N; ++row) {
+        if (rows[row].handler == nullptr)
+            a_row_has_no_handler();
+        const std::string_view name = rows[row].name;
+        std::size_t slot = hash_word(name) % SLOTS;
+        while (!seen[slot].empty()) {
+            if (seen[slot] == name)
+                a_word_stands_twice();
+            slot = (slot + 1) % SLOTS;
+        }
+        seen[slot] = name;
+    }
+}
+
+} // namespace table_checks
+
+// Rows as they come, one family's part of a larger table.
+template <std::size_t N>
+consteval std::array<CliCommand, N> command_rows(const CliCommand (&rows)[N]) {
+    std::array<CliCommand, N> copy{};
+    for (std::size_t row = 0; row < N; ++row)
+        copy[row] = rows[row];
+    return copy;
+}
+
+// The rows of several families in the given order, with the sentinel behind them.
+template <std::size_t... N>
+consteval auto join_rows(const std::array<CliCommand, N> &...groups) {
+    std::array<CliCommand, (N + ... + 1)> table{};
+    std::size_t next = 0;
+    [[maybe_unused]] const auto append = [&](const auto &group) {
+        for (const CliCommand &row : group)
+            table[next++] = row;
+    };
+    (append(groups), ...);
+    table[next] = {"", nullptr, nullptr};
+    table_checks::check_rows(table);
+    return table;
+}
+
+// A complete table of one family.
+template <std::size_t N>
+consteval CommandTable<N> command_table(const CliCommand (&rows)[N]) {
+    return join_rows(command_rows(rows));
+}
+
+// A table with one row for every item of `items`, as `make_row` makes it. Its handler finds the
+// item behind the row that was typed by current_command's place in the table.
+template <class Item, std::size_t N, class MakeRow>
+consteval CommandTable<N> command_table_of(const Item (&items)[N], MakeRow make_row) {
+    std::array<CliCommand, N> rows{};
+    for (std::size_t row = 0; row < N; ++row)
+        rows[row] = make_row(items[row]);
+    return join_rows(rows);
+}

@@ -1,0 +1,129 @@
+#include "shell/console.h"
+
+#include "shell/completion.h"
+#include "shell/dispatch.h"
+#include "shell/line_editor.h"
+#include "shell/prompt.h"
+#include "shell/terminal.h"
+
+#include <cerrno>
+#include <cstring>
+#include <memory>
+#include <new>
+#include <unistd.h>
+
+namespace {
+
+constexpr int START_UP_FAILURE = 255;
+constexpr std::size_t DIRECTORY_SIZE = 4096;
+
+struct LineBuffer {
+    char text[LINE_BUFFER_SIZE];
+};
+
+template <class T>
+std::unique_ptr<T> allocate_zeroed() {
+    return std::unique_ptr<T>(new (std::nothrow) T());
+}
+
+int report_start_up_failure(const char *message) {
+    std::perror(message);
+    return START_UP_FAILURE;
+}
+
+// The next byte of standard input, with everything printed so far on the screen; -1 at its end.
+int read_byte() {
+    std::fflush(stdout);
+    unsigned char byte = 0;
+    ssize_t got = 0;
+    do {
+        got = read(STDIN_FILENO, &byte, 1);
+    } while (got < 0 && errno == EINTR);
+    return got == 1 ? byte : -1;
+}
+
+class Console {
+public:
+    Console(std::FILE *input, CliContext &cli, CliCommand *root, std::unique_ptr<LineBuffer> line)
+        : input_(input), cli_(cli), root_(root), line_(std::move(line)),
+          editor_(stdout, cli_prompt, complete, this) {}
+
+    void run() {
+        while (input_ == stdin ? edit_line() : read_plain_line()) {
+            split_line(cli_, line_->text);
+            if (cli_dispatch(cli_, root_) != CLI_DONE)
+                renew_line();
+            reset_context(cli_);
+        }
+    }
+
+private:
+    // Handlers run after this, with the terminal as it was. False at the end of input.
+    bool edit_line() {
+        const RawTerminal raw;
+        editor_.begin(line_->text);
+        LineEditor::State state = LineEditor::State::Editing;
+        while (state == LineEditor::State::Editing) {
+            const int byte = read_byte();
+            state = byte < 0 ? LineEditor::State::EndOfInput
+                             : editor_.feed(static_cast<unsigned char>(byte));
+        }
+        if (state == LineEditor::State::LineDone)
+            editor_.finish();
+        else
+            std::fputs("exit\n", stdout);
+        std::fflush(stdout);
+        return state == LineEditor::State::LineDone;
+    }
+
+    bool read_plain_line() {
+        if (std::fgets(line_->text, LINE_LIMIT + 1, input_) == nullptr)
+            return false;
+        line_->text[std::strcspn(line_->text, "\n")] = '\0';
+        return true;
+    }
+
+    // Without memory for a new buffer the old one serves on.
+    void renew_line() {
+        if (std::unique_ptr<LineBuffer> renewed = allocate_zeroed<LineBuffer>())
+            line_ = std::move(renewed);
+    }
+
+    static bool complete(void *owner, std::string_view before_cursor,
+                         char (&completed)[LINE_BUFFER_SIZE]) {
+        const auto *console = static_cast<const Console *>(owner);
+        return complete_line(console->cli_, console->root_, before_cursor, completed);
+    }
+
+    std::FILE *input_;
+    CliContext &cli_;
+    CliCommand *root_;
+    std::unique_ptr<LineBuffer> line_;
+    LineEditor editor_;
+};
+
+} // namespace
+
+int run_console(std::FILE *input, CliCommand *root) {
+    const std::unique_ptr<char[]> directory(new (std::nothrow) char[DIRECTORY_SIZE]());
+    if (directory == nullptr)
+        return report_start_up_failure("cwd alloc error!");
+    if (getcwd(directory.get(), DIRECTORY_SIZE) == nullptr)
+        std::snprintf(directory.get(), DIRECTORY_SIZE, "(unknown)");
+
+    const std::unique_ptr<char[]> prompt(new (std::nothrow) char[PROMPT_SIZE]());
+    if (prompt == nullptr)
+        return report_start_up_failure("PS1 alloc error!");
+    cli_prompt = prompt.get();
+    reset_prompt();
+
+    std::unique_ptr<LineBuffer> line = allocate_zeroed<LineBuffer>();
+    if (line == nullptr)
+        return report_start_up_failure("command alloc error!");
+    const std::unique_ptr<CliContext> cli = allocate_zeroed<CliContext>();
+    if (cli == nullptr)
+        return report_start_up_failure("pCli alloc error!");
+
+    Console(input, *cli, root, std::move(line)).run();
+    return 0;
+}

@@ -1,0 +1,203 @@
+#include "shell/dispatch.h"
+
+#include "shell/args.h"
+#include "shell/listing.h"
+#include "shell/output.h"
+
+#include <cctype>
+#include <cstring>
+
+namespace {
+
+// Bits of a band mask that show a row on each radio; any other band hides a masked row.
+constexpr std::uint32_t BAND_MASKS[] = {0x19c, 0x601};
+
+char lower_ascii(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+bool has_tag(const CliCommand &row, const char *tag) {
+    return row.tag != nullptr && std::strcmp(row.tag, tag) == 0;
+}
+
+std::int32_t common_prefix(const char *name, std::string_view word) {
+    std::size_t length = 0;
+    while (length < word.size() && name[length] == word[length])
+        ++length;
+    return static_cast<std::int32_t>(length);
+}
+
+CliCommand *find_exact(const CliContext &cli, CliCommand *table, std::string_view word) {
+    for (CliCommand *row = table; row->handler != nullptr; ++row) {
+        // Tags are not looked at here: a locked row found by its full name is an error, not a
+        // reason to try prefixes.
+        if (std::strlen(row->name) == word.size() && is_on_band(cli, *row) &&
+            name_begins_with(*row, word))
+            return row;
+    }
+    return nullptr;
+}
+
+// Sets the match length of every row that a prefix may name; returns how many there are.
+int measure_prefixes(const CliContext &cli, CliCommand *table, std::string_view word) {
+    int candidates = 0;
+    for (CliCommand *row = table; row->handler != nullptr; ++row) {
+        if (is_locked(*row) || has_tag(*row, HIDDEN_TAG) || !is_on_band(cli, *row))
+            continue;
+        // Compared with case, the lowered word against the name as it stands: capitals in a
+        // name end its match length. Meant so.
+        row->match_length = common_prefix(row->name, word);
+        if (row->match_length > 0)
+            ++candidates;
+    }
+    return candidates;
+}
+
+std::int32_t longest_match(const CliCommand *table) {
+    std::int32_t longest = 0;
+    for (const CliCommand *row = table; row->handler != nullptr; ++row) {
+        if (row->match_length > longest)
+            longest = row->match_length;
+    }
+    return longest;
+}
+
+bool fits(const CliCommand &row, std::string_view word) {
+    return name_begins_with(row, word) && !is_locked(row);
+}
+
+CliCommand *take_single(CliCommand *table, std::string_view word) {
+    for (CliCommand *row = table; row->handler != nullptr; ++row) {
+        if (row->match_length != 0 && fits(*row, word))
+            return row;
+    }
+    return nullptr;
+}
+
+// Of several candidates the first with the longest match is taken or none at all.
+CliCommand *take_longest(CliCommand *table, std::string_view word) {
+    const std::int32_t longest = longest_match(table);
+    for (CliCommand *row = table; row->handler != nullptr; ++row) {
+        if (longest != 0 && row->match_length == longest)
+            return fits(*row, word) ? row : nullptr;
+    }
+    return nullptr;
+}
+
+CliCommand *innermost_table(const CliContext &cli) {
+    return cli.table_stack[static_cast<std::size_t>(cli.depth - 1)];
+}
+
+// Copies a word into the word buffer, lowered, and returns it.
+std::string_view prepare_word(CliContext &cli, const char *word) {
+    std::size_t length = 0;
+    while (word[length] != '\0' && length < CliContext::WORD_BUFFER_SIZE - 1) {
+        cli.word_buffer[length] = lower_ascii(word[length]);
+        ++length;
+    }
+    cli.word_buffer[length] = '\0';
+    return {cli.word_buffer, length};
+}
+
+int report_unknown(CliContext &cli) {
+    cli_printf(cli.consumed_count < 2 ? "Unknown command: %s" : "Invalid parameter: %s",
+               cli.word_buffer);
+    while (const char *word = arg_next(cli))
+        cli_printf(" %s", word);
+    cli_printf("\n");
+    // A root table whose first row begins with "#" would have no help to point at; the shipped
+    // one does not.
+    if (cli.depth != 1 || cli.table_stack[0]->name[0] != '#') {
+        cli_printf(cli.consumed_count < 3 ? "Type \"help\" for a list of valid commands.\n"
+                                          : "List of valid parameter(s):\n");
+    }
+    return cli.consumed_count < 3 ? CLI_UNKNOWN : CLI_BAD_PARAMETER;
+}
+
+// What a row that was matched alone makes of its handler's result.
+int finish_single(CliContext &cli, const CliCommand &row, int result) {
+    switch (result) {
+    case CLI_UNKNOWN:
+        cli_list(cli, innermost_table(cli), row.name, cli.word_buffer, LIST_FAMILY);
+        return CLI_REFUSED;
+    case CLI_BAD_PARAMETER:
+        cli_list(cli, innermost_table(cli), "", nullptr, LIST_FAMILY);
+        return CLI_REFUSED;
+    default:
+        return result;
+    }
+}
+
+} // namespace
+
+bool is_locked(const CliCommand &row) {
+    return debug_locked == -1 && has_tag(row, DEBUG_TAG);
+}
+
+bool is_on_band(const CliContext &cli, const CliCommand &row) {
+    if (row.band_mask == 0)
+        return true;
+    if (cli.current_band != 0 && cli.current_band != 1)
+        return false;
+    return (row.band_mask & BAND_MASKS[cli.current_band]) != 0;
+}
+
+bool is_listed(const CliContext &cli, const CliCommand &row) {
+    const bool hidden = debug_locked == -1 && has_tag(row, HIDDEN_TAG);
+    return !hidden && !is_locked(row) && is_on_band(cli, row);
+}
+
+bool name_begins_with(const CliCommand &row, std::string_view word) {
+    for (std::size_t at = 0; at < word.size(); ++at) {
+        if (row.name[at] == '\0' || std::tolower(static_cast<unsigned char>(row.name[at])) !=
+                                        std::tolower(static_cast<unsigned char>(word[at])))
+            return false;
+    }
+    return true;
+}
+
+CommandMatch match_command(const CliContext &cli, CliCommand *table, std::string_view word) {
+    for (CliCommand *row = table; row->handler != nullptr; ++row)
+        row->match_length = 0;
+
+    if (CliCommand *row = find_exact(cli, table, word)) {
+        row->match_length = static_cast<std::int32_t>(word.size());
+        return {.row = take_single(table, word), .several = false, .exact = true};
+    }
+    const bool several = measure_prefixes(cli, table, word) > 1;
+    CliCommand *row = several ? take_longest(table, word) : take_single(table, word);
+    return {.row = row, .several = several, .exact = false};
+}
+
+int cli_dispatch(CliContext &cli, CliCommand *table) {
+    ++cli.consumed_count;
+    // No shipped path of tables is nearly as deep as the stack.
+    if (cli.depth == CliContext::TABLE_STACK_SLOTS)
+        return CLI_REFUSED;
+    cli.table_stack[static_cast<std::size_t>(cli.depth++)] = table;
+
+    const char *typed = arg_next(cli);
+    if (typed == nullptr)
+        return CLI_DONE;
+    const std::string_view word = prepare_word(cli, typed);
+    const CommandMatch match = match_command(cli, table, word);
+    if (match.row == nullptr)
+        return report_unknown(cli);
+
+    current_command = match.row;
+    const int result = match.row->handler(cli, cli.word_buffer, match.row->subtable);
+    if (result == CLI_LIST_SUBTABLE) {
+        cli_list(cli, match.row->subtable, match.row->name, nullptr, LIST_FAMILY);
+        return CLI_LISTED;
+    }
+    // An ambiguous prefix passes "not found" up without a listing. Meant so.
+    return match.several ? result : finish_single(cli, *match.row, result);
+}
+
+int dispatch_subtable(CliContext &cli, const char *, CliCommand *subtable) {
+    if (subtable == nullptr)
+        return 1;
+    if (arg_count(cli) == 0)
+        return CLI_LIST_SUBTABLE;
+    return cli_dispatch(cli, subtable);
+}

@@ -1,0 +1,38 @@
+// Finding and running the command that a line names.
+#pragma once
+
+#include "shell/command.h"
+
+#include <string_view>
+
+// Rows of `table` that a word fits, as the dispatcher counts them.
+struct CommandMatch {
+    CliCommand *row; // the row taken; null when the word names none
+    bool several;    // more than one row shares a beginning with the word
+    bool exact;      // the row was named in full
+};
+
+// True when the debug level or the band keeps a row out of listings and completion.
+bool is_listed(const CliContext &cli, const CliCommand &row);
+
+// True when the row is debug-only and the debug level is locked.
+bool is_locked(const CliCommand &row);
+
+// True when the row's band mask (0 = any) admits the current band.
+bool is_on_band(const CliContext &cli, const CliCommand &row);
+
+// True when the row's name begins with `word`, ignoring case.
+bool name_begins_with(const CliCommand &row, std::string_view word);
+
+// Matches a lowered word against a table: exactly (ignoring case), else by the longest common
+// beginning, ties going to the first row in table order. Rewrites every row's match length.
+CommandMatch match_command(const CliContext &cli, CliCommand *table, std::string_view word);
+
+// Takes the next word of the ring, finds its row in `table` and runs the handler. Prints
+// "Unknown command" or "Invalid parameter" and a hint when there is none, and the listing that
+// a handler asked for. Returns 0 when no word is left, else a CliResult.
+int cli_dispatch(CliContext &cli, CliCommand *table);
+
+// Handler of every family row: asks for the listing of the family when no word is left, else
+// dispatches into the subtable. Returns 1 for a null subtable.
+int dispatch_subtable(CliContext &cli, const char *word, CliCommand *subtable);

@@ -1,0 +1,372 @@
+#include "shell/line_editor.h"
+
+#include <algorithm>
+#include <cctype>
+#include <cstring>
+
+namespace {
+
+enum Key : unsigned char {
+    CTRL_A = 1,
+    CTRL_B = 2,
+    CTRL_C = 3,
+    CTRL_D = 4,
+    CTRL_E = 5,
+    CTRL_F = 6,
+    CTRL_H = 8,
+    TAB = 9,
+    LINE_FEED = 10,
+    CTRL_K = 11,
+    CTRL_L = 12,
+    CARRIAGE_RETURN = 13,
+    CTRL_N = 14,
+    CTRL_P = 16,
+    CTRL_U = 21,
+    CTRL_W = 23,
+    ESCAPE = 27,
+    DELETE = 127,
+};
+
+constexpr char BACKSPACE = '\b';
+
+// Moves shorter than this are cheaper as backspaces.
+constexpr int SEQUENCE_DISTANCE = 4;
+
+// The final byte that means the same as a number and "~"; "~" itself deletes.
+unsigned char numbered_key(unsigned char number) {
+    switch (number) {
+    case '1':
+        return 'H';
+    case '3':
+        return '~';
+    case '4':
+        return 'F';
+    default:
+        return 0;
+    }
+}
+
+bool is_space(char c) {
+    return std::isspace(static_cast<unsigned char>(c)) != 0;
+}
+
+} // namespace
+
+LineEditor::LineEditor(std::FILE *out, const char *prompt, LineCompleter *completer, void *owner)
+    : out_(out), prompt_(prompt), completer_(completer), owner_(owner) {}
+
+void LineEditor::begin(char (&line)[LINE_BUFFER_SIZE]) {
+    line_ = line;
+    escape_ = Escape::None;
+    reset_position();
+    print_prompt();
+}
+
+void LineEditor::finish() {
+    // A line that wraps below the cursor must not be written over.
+    if (row_ < (static_cast<int>(std::strlen(prompt_)) + length_) / TERMINAL_WIDTH)
+        echo_to_end();
+    std::fputc('\n', out_);
+    if (length_ > 0)
+        history_.add(line_);
+    else
+        history_.stop_browsing();
+}
+
+LineEditor::State LineEditor::feed(unsigned char byte) {
+    if (escape_ != Escape::None) {
+        feed_escape(byte);
+        return State::Editing;
+    }
+    return feed_key(byte);
+}
+
+LineEditor::State LineEditor::feed_key(unsigned char byte) {
+    switch (byte) {
+    case CTRL_A:
+        move_left(cursor_);
+        break;
+    case CTRL_B:
+        move_left(1);
+        break;
+    case CTRL_C:
+        abandon_line();
+        break;
+    case CTRL_D:
+        if (length_ == 0)
+            return State::EndOfInput;
+        delete_at_cursor();
+        break;
+    case CTRL_E:
+        echo_to_end();
+        break;
+    case CTRL_F:
+        move_right();
+        break;
+    case CTRL_H:
+    case DELETE:
+        backspace();
+        break;
+    case TAB:
+        complete();
+        break;
+    case LINE_FEED:
+    case CARRIAGE_RETURN:
+        return State::LineDone;
+    case CTRL_K:
+        cut_at_cursor();
+        break;
+    case CTRL_L:
+        clear_screen();
+        break;
+    case CTRL_N:
+        show_history(history_.next());
+        break;
+    case CTRL_P:
+        show_history(history_.previous(line_));
+        break;
+    case CTRL_U:
+        delete_to_start();
+        break;
+    case CTRL_W:
+        delete_word();
+        break;
+    case ESCAPE:
+        escape_ = Escape::Began;
+        break;
+    default:
+        if (std::isprint(byte) != 0)
+            insert(static_cast<char>(byte));
+        break;
+    }
+    return State::Editing;
+}
+
+// A sequence is swallowed up to its final byte, whether or not it means anything here.
+void LineEditor::feed_escape(unsigned char byte) {
+    if (escape_ == Escape::Began && (byte == '[' || byte == 'O')) {
+        escape_ = Escape::Parameters;
+        parameter_count_ = 0;
+        return;
+    }
+    const bool is_parameter = byte >= 0x20 && byte <= 0x3f;
+    if (escape_ == Escape::Parameters && is_parameter) {
+        if (parameter_count_ == 0)
+            parameter_ = byte;
+        parameter_count_ = std::min(parameter_count_ + 1, 2);
+        return;
+    }
+    if (escape_ == Escape::Began)
+        parameter_count_ = 0;
+    escape_ = Escape::None;
+    run_escape(byte);
+}
+
+void LineEditor::run_escape(unsigned char final_byte) {
+    if (parameter_count_ == 1 && final_byte == '~')
+        final_byte = numbered_key(parameter_);
+    else if (parameter_count_ > 0 || final_byte == '~')
+        return;
+    switch (final_byte) {
+    case 'A':
+        show_history(history_.previous(line_));
+        break;
+    case 'B':
+        show_history(history_.next());
+        break;
+    case 'C':
+        move_right();
+        break;
+    case 'D':
+        move_left(1);
+        break;
+    case 'F':
+        echo_to_end();
+        break;
+    case 'H':
+        move_left(cursor_);
+        break;
+    case '~':
+        delete_at_cursor();
+        break;
+    case TAB:
+        complete();
+        break;
+    default:
+        break;
+    }
+}
+
+void LineEditor::reset_position() {
+    length_ = 0;
+    cursor_ = 0;
+    line_[0] = '\0';
+    row_ = 0;
+    column_ = 0;
+}
+
+void LineEditor::print_prompt() {
+    std::fputs(prompt_, out_);
+    column_ = static_cast<int>(std::strlen(prompt_));
+    row_ = 0;
+}
+
+// Prints the character at the cursor and steps over it. At the edge of the screen the next one is
+// printed too and stepped back from, which makes the terminal wrap.
+void LineEditor::echo() {
+    std::fputc(char_at(cursor_), out_);
+    ++cursor_;
+    if (++column_ == TERMINAL_WIDTH) {
+        column_ = 0;
+        ++row_;
+        std::fputc(char_at(cursor_), out_);
+        std::fputc(BACKSPACE, out_);
+    }
+}
+
+void LineEditor::echo_to_end() {
+    while (cursor_ < length_)
+        echo();
+}
+
+void LineEditor::move_left(int distance) {
+    distance = std::min(distance, cursor_);
+    if (distance == 0)
+        return;
+    cursor_ -= distance;
+    if (column_ >= distance) {
+        column_ -= distance;
+        if (distance < SEQUENCE_DISTANCE) {
+            while (distance-- > 0)
+                std::fputc(BACKSPACE, out_);
+        } else {
+            std::fprintf(out_, "\x1b[%dD", distance);
+        }
+        return;
+    }
+    if (column_ != 0)
+        std::fputc('\r', out_);
+    const int remaining = distance - column_;
+    const int rows = (remaining + TERMINAL_WIDTH - 1) / TERMINAL_WIDTH;
+    row_ -= rows;
+    column_ = TERMINAL_WIDTH * rows - remaining;
+    std::fprintf(out_, "\x1b[%dA", rows);
+    if (column_ > 0)
+        std::fprintf(out_, "\x1b[%dC", column_);
+}
+
+void LineEditor::move_right() {
+    if (cursor_ < length_)
+        echo();
+}
+
+// Draws prompt and line anew from the prompt's row, and leaves the cursor so many characters
+// before the end.
+void LineEditor::redraw(int cursor_from_end) {
+    if (row_ > 0)
+        std::fprintf(out_, "\x1b[%dA", row_);
+    std::fputc('\r', out_);
+    print_prompt();
+    cursor_ = 0;
+    echo_to_end();
+    std::fputs("\x1b[J", out_);
+    move_left(cursor_from_end);
+}
+
+void LineEditor::insert(char c) {
+    if (length_ == LINE_LIMIT)
+        return;
+    char *at = line_ + cursor_;
+    std::memmove(at + 1, at, static_cast<std::size_t>(length_ - cursor_) + 1);
+    *at = c;
+    ++length_;
+    const int tail = length_ - cursor_ - 1;
+    echo_to_end();
+    move_left(tail);
+}
+
+void LineEditor::delete_at_cursor() {
+    if (cursor_ == length_)
+        return;
+    char *at = line_ + cursor_;
+    const int tail = length_ - cursor_ - 1;
+    std::memmove(at, at + 1, static_cast<std::size_t>(tail) + 1);
+    --length_;
+    echo_to_end();
+    echo(); // a blank over the old last character
+    move_left(tail + 1);
+}
+
+void LineEditor::backspace() {
+    if (cursor_ == 0)
+        return;
+    move_left(1);
+    delete_at_cursor();
+}
+
+void LineEditor::delete_word() {
+    while (cursor_ > 0 && is_space(line_[cursor_ - 1]))
+        backspace();
+    while (cursor_ > 0 && !is_space(line_[cursor_ - 1]))
+        backspace();
+}
+
+void LineEditor::delete_to_start() {
+    if (cursor_ == 0)
+        return;
+    length_ -= cursor_;
+    std::memmove(line_, line_ + cursor_, static_cast<std::size_t>(length_) + 1);
+    redraw(length_);
+}
+
+void LineEditor::cut_at_cursor() {
+    length_ = cursor_;
+    line_[length_] = '\0';
+    std::fputs("\x1b[J", out_);
+}
+
+void LineEditor::abandon_line() {
+    std::fputc('\n', out_);
+    reset_position();
+    history_.stop_browsing();
+    print_prompt();
+}
+
+void LineEditor::clear_screen() {
+    std::fputs("\x1b[H", out_);
+    redraw(length_ - cursor_);
+}
+
+void LineEditor::show_history(const char *entry) {
+    if (entry == nullptr)
+        return;
+    replace_line(entry);
+    redraw(0);
+}
+
+void LineEditor::replace_line(std::string_view text) {
+    length_ = static_cast<int>(std::min<std::size_t>(text.size(), LINE_LIMIT));
+    std::memcpy(line_, text.data(), static_cast<std::size_t>(length_));
+    line_[length_] = '\0';
+}
+
+// What stands before the cursor is completed, what stands behind it is kept. Listings push the
+// old line up, so line and prompt are drawn anew below them.
+void LineEditor::complete() {
+    if (completer_ == nullptr)
+        return;
+    char completed[LINE_BUFFER_SIZE];
+    const auto before = static_cast<std::size_t>(cursor_);
+    const std::string_view tail(line_ + cursor_, static_cast<std::size_t>(length_ - cursor_));
+    echo_to_end();
+    std::fputs(" \n", out_);
+    if (completer_(owner_, {line_, before}, completed)) {
+        const std::size_t head = std::strlen(completed);
+        if (head + tail.size() <= LINE_LIMIT) {
+            std::memcpy(completed + head, tail.data(), tail.size());
+            replace_line({completed, head + tail.size()});
+        }
+    }
+    row_ = 0;
+    redraw(0);
+}

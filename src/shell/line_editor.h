@@ -1,0 +1,89 @@
+// Editing one line on a terminal of fixed width, byte by byte.
+#pragma once
+
+#include "shell/history.h"
+
+#include <cstddef>
+#include <cstdio>
+#include <string_view>
+
+// Memory for a line: its text and the NUL, with a byte to spare.
+inline constexpr std::size_t LINE_BUFFER_SIZE = 4096;
+
+// Characters that a line takes.
+inline constexpr int LINE_LIMIT = 4094;
+
+// Columns at which the terminal wraps.
+inline constexpr int TERMINAL_WIDTH = 80;
+
+// Completes the part of a line before the cursor: prints what there is to show and puts the new
+// text (at most LINE_LIMIT characters) into `completed`. False when nothing is to change.
+using LineCompleter = bool(void *owner, std::string_view before_cursor,
+                           char (&completed)[LINE_BUFFER_SIZE]);
+
+class LineEditor {
+public:
+    enum class State { Editing, LineDone, EndOfInput };
+
+    // Writes to `out`. The prompt outlives the editor. `completer` may be null.
+    LineEditor(std::FILE *out, const char *prompt, LineCompleter *completer, void *owner);
+
+    // Begins a new empty line in `line`, which the editor uses until the line is done, and prints
+    // the prompt. The history stays.
+    void begin(char (&line)[LINE_BUFFER_SIZE]);
+
+    // Takes one byte as typed. LineDone after carriage return or line feed; EndOfInput after
+    // Ctrl-D on an empty line.
+    State feed(unsigned char byte);
+
+    // Leaves a finished line: puts a non-empty one into the history, prints a newline.
+    void finish();
+
+    [[nodiscard]] int length() const { return length_; }
+    [[nodiscard]] int cursor() const { return cursor_; }
+    [[nodiscard]] int row() const { return row_; }
+    [[nodiscard]] int column() const { return column_; }
+
+private:
+    enum class Escape { None, Began, Parameters };
+
+    State feed_key(unsigned char byte);
+    void feed_escape(unsigned char byte);
+    void run_escape(unsigned char final_byte);
+
+    // What the screen shows at an index: the line's character, or a blank behind its end.
+    [[nodiscard]] char char_at(int index) const { return index < length_ ? line_[index] : ' '; }
+    void print_prompt();
+    void echo();
+    void echo_to_end();
+    void move_left(int distance);
+    void move_right();
+    void redraw(int cursor_from_end);
+
+    void insert(char c);
+    void delete_at_cursor();
+    void backspace();
+    void delete_word();
+    void delete_to_start();
+    void cut_at_cursor();
+    void abandon_line();
+    void clear_screen();
+    void complete();
+    void show_history(const char *entry);
+    void replace_line(std::string_view text);
+    void reset_position();
+
+    std::FILE *out_;
+    const char *prompt_;
+    LineCompleter *completer_;
+    void *owner_;
+    char *line_ = nullptr;
+    int length_ = 0;
+    int cursor_ = 0;
+    int column_ = 0; // of the terminal, so the prompt counts
+    int row_ = 0;    // below the prompt's
+    Escape escape_ = Escape::None;
+    int parameter_count_ = 0;     // bytes between the introducer and the final byte
+    unsigned char parameter_ = 0; // the first of them
+    History history_;
+};

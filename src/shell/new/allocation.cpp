@@ -1,0 +1,25 @@
+// The program's operator new: the C library's allocator, without the C++ library behind it.
+// Every allocation is std::nothrow; a throwing one would not link.
+#include <cstdlib>
+#include <new>
+
+const std::nothrow_t std::nothrow{};
+
+void *operator new(std::size_t size, const std::nothrow_t &) noexcept {
+    return std::malloc(size);
+}
+void *operator new[](std::size_t size, const std::nothrow_t &) noexcept {
+    return std::malloc(size);
+}
+void operator delete(void *block) noexcept {
+    std::free(block);
+}
+void operator delete[](void *block) noexcept {
+    std::free(block);
+}
+void operator delete(void *block, std::size_t) noexcept {
+    std::free(block);
+}
+void operator delete[](void *block, std::size_t) noexcept {
+    std::free(block);
+}

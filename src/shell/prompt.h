@@ -1,0 +1,9 @@
+#pragma once
+
+// What is printed before each line: 16 bytes, allocated at start-up.
+extern char *cli_prompt;
+
+inline constexpr int PROMPT_SIZE = 16;
+
+// Sets the prompt to its usual text.
+void reset_prompt();

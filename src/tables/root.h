@@ -1,0 +1,6 @@
+#pragma once
+
+#include "shell/command.h"
+
+// The table that every line begins in.
+CliCommand *root_table();

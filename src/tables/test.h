@@ -1,0 +1,6 @@
+#pragma once
+
+#include "shell/command.h"
+
+// The diagnostics have no commands yet.
+inline constinit auto test_table = join_rows();
