@@ -41,6 +41,16 @@ int show_node_name(const CliContext &cli, const char *path, const char *format, 
     return CLI_DONE;
 }
 
+int show_status_line(const char *path, std::initializer_list<const char *> lines) {
+    ValueBuffer value(10);
+    if (!value || cfg_get(value, "%s", path) != 0)
+        return refuse("Error: fail to allocate memery\n");
+    const auto line = static_cast<std::size_t>(value.number());
+    cli_printf("%s", line < lines.size() ? lines.begin()[line]
+                                         : "Error: unknown Linited Administration type\n");
+    return CLI_DONE;
+}
+
 int write_word_in_range(const CliContext &cli, const char *path, std::uint32_t low,
                         std::uint32_t high, std::uint32_t apply_bits, const char *message,
                         int refusal) {

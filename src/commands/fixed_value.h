@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 
 // A text as a template argument.
 template <std::size_t N>
@@ -44,6 +45,12 @@ using NumberName = const char *(int number);
 // `memory_message`.
 int show_node_name(const CliContext &cli, const char *path, const char *format, NumberName *name,
                    const char *memory_message);
+
+// Reads a node of at most 10 bytes and prints the one of `lines` that its number counts from 0;
+// for any other number "Error: unknown Linited Administration type", whatever is displayed (meant
+// so). Returns 0; or -1 after "Error: fail to allocate memery" when the read failed or memory ran
+// out.
+int show_status_line(const char *path, std::initializer_list<const char *> lines);
 
 // "enable" for exactly 1, else "disable".
 const char *switch_name(int number);
@@ -90,6 +97,11 @@ template <FixedText Path, FixedText Format, NumberName *Name,
 int show_name(CliContext &cli, const char *, CliCommand *) {
     static_assert(Path.converts_only('d') && Format.converts_only('s'));
     return show_node_name(cli, Path.text, Format.text, Name, MemoryMessage.text);
+}
+
+template <FixedText Path, FixedText... Lines>
+int show_status(CliContext &, const char *, CliCommand *) {
+    return show_status_line(Path.text, {Lines.text...});
 }
 
 template <FixedText Path, std::uint32_t Low, std::uint32_t High, std::uint32_t ApplyBits,

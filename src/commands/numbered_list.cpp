@@ -1,0 +1,40 @@
+#include "commands/numbered_list.h"
+
+#include <cstdio>
+#include <cstring>
+
+// The patterns are this program's own.
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+
+const char *NumberedList::path(int index) const {
+    // Far above the longest list path.
+    static char path[256];
+    if (interface_ == NO_INTERFACE)
+        std::snprintf(path, sizeof path, pattern_, index);
+    else
+        std::snprintf(path, sizeof path, pattern_, interface_, index);
+    return path;
+}
+
+int NumberedList::read(ReadTarget value, int index) const {
+    return cfg_get(value, "%s", path(index));
+}
+
+int NumberedList::write(int index, const char *text) const {
+    return cfg_set(text, "%s", path(index));
+}
+
+int NumberedList::remove(int index) const {
+    return cfg_del(path(index));
+}
+
+ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity) {
+    for (int index = 1; index <= capacity; ++index) {
+        list.read(value, index);
+        if (value.data[0] == '\0')
+            return {ListEnd::Empty, index};
+        if (std::strcmp(value.data, text) == 0)
+            return {ListEnd::Match, index};
+    }
+    return {ListEnd::Full, capacity + 1};
+}

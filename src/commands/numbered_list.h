@@ -1,0 +1,66 @@
+// Lists of the database: entries numbered from 1, up to the first empty one.
+#pragma once
+
+#include "config/node_access.h"
+
+#include <concepts>
+
+// The nodes that hold one column of a list.
+class NumberedList {
+public:
+    // `pattern` is a path with "%d" for an entry's number, behind one for the interface's number
+    // when there is an interface: "/wlan/inf:%d/acl/mac:%d".
+    explicit constexpr NumberedList(const char *pattern) : pattern_(pattern) {}
+    constexpr NumberedList(const char *pattern, int interface)
+        : pattern_(pattern), interface_(interface) {}
+
+    // Where entry `index` is; the array is the operation's and lives until its next call.
+    [[nodiscard]] const char *path(int index) const;
+
+    // Reads entry `index`, as cfg_get does.
+    int read(ReadTarget value, int index) const;
+
+    // Writes entry `index`, as cfg_set does.
+    int write(int index, const char *text) const;
+
+    // Deletes entry `index`, as cfg_del does.
+    int remove(int index) const;
+
+private:
+    static constexpr int NO_INTERFACE = 0;
+
+    const char *pattern_;
+    int interface_ = NO_INTERFACE;
+};
+
+// What a walk along a list met first.
+enum class ListEnd {
+    Match, // an entry that equals the text
+    Empty, // an empty entry
+    Full,  // neither among the entries that the list may have
+};
+
+struct ListPlace {
+    ListEnd end;
+    int index; // of the entry; capacity + 1 when Full
+};
+
+// Walks entries 1..capacity up to the one that equals `text` exactly or the first empty one.
+// `value` is where the entries are read.
+ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity);
+
+// Reads entries 1..capacity into `value` up to the first empty one and calls `visit(index)` for
+// each. Returns how many there were.
+template <class Value, std::invocable<int> Visit>
+int for_each_entry(const NumberedList &list, Value &value, int capacity, Visit visit) {
+    for (int index = 1; index <= capacity; ++index) {
+        list.read(value, index);
+        if (value.empty())
+            return index - 1;
+        visit(index);
+    }
+    return capacity;
+}
+
+// For lists that nothing bounds but their first empty entry.
+inline constexpr int UNBOUNDED_LIST = 0x7fffffff - 1;

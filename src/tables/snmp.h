@@ -1,0 +1,6 @@
+#pragma once
+
+#include "commands/snmp_trap.h"
+#include "commands/snmp_usm.h"
+
+inline constinit auto snmp_table = join_rows(snmp_usm_snmp_rows, snmp_trap_snmp_rows);
