@@ -1,0 +1,30 @@
+#pragma once
+
+#include <unistd.h>
+#include <utility>
+
+namespace session {
+
+// Owns a file descriptor and closes it.
+class FileDescriptor {
+public:
+    explicit FileDescriptor(int fd = -1) : fd_(fd) {}
+    FileDescriptor(FileDescriptor &&other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
+    FileDescriptor &operator=(FileDescriptor &&other) noexcept {
+        std::swap(fd_, other.fd_);
+        return *this;
+    }
+    FileDescriptor(const FileDescriptor &) = delete;
+    FileDescriptor &operator=(const FileDescriptor &) = delete;
+    ~FileDescriptor() {
+        if (fd_ >= 0)
+            close(fd_);
+    }
+
+    [[nodiscard]] int get() const { return fd_; }
+
+private:
+    int fd_;
+};
+
+} // namespace session

@@ -1,0 +1,72 @@
+// A program running on a pseudo-terminal of its own.
+#pragma once
+
+#include "session/file_descriptor.h"
+
+#include <chrono>
+#include <string>
+#include <string_view>
+#include <sys/ioctl.h>
+#include <sys/types.h>
+#include <vector>
+
+namespace session {
+
+enum class ConsoleInput {
+    TERMINAL, // standard input is the pseudo-terminal
+    PIPE,     // standard input is a pipe; output and errors still go to the pseudo-terminal
+};
+
+inline constexpr winsize STANDARD_WINDOW{24, 80, 0, 0};
+
+// The terminal leaves output as the program writes it ("\n" stays "\n"). Failing system calls
+// throw std::system_error.
+class PtyProcess {
+public:
+    // Starts `command` (a program, looked up in PATH, and its arguments) as leader of a session
+    // whose controlling terminal is the new pseudo-terminal.
+    PtyProcess(const std::vector<std::string> &command, ConsoleInput input,
+               const winsize &window = STANDARD_WINDOW);
+    PtyProcess(const PtyProcess &) = delete;
+    PtyProcess &operator=(const PtyProcess &) = delete;
+    // Kills the program if it still runs, and waits for its end.
+    ~PtyProcess();
+
+    // Where output can be polled for (POLLIN); readable or hung up until read_output has seen the
+    // end.
+    [[nodiscard]] int output_fd() const { return terminal_.get(); }
+
+    // Appends what the program has printed and not been asked for yet to `output`, without
+    // waiting. False once the program's side of the terminal is closed and all has been read.
+    bool read_output(std::string &output);
+
+    // Feeds `bytes` to the program's standard input, and appends what it prints meanwhile to
+    // `output`. Input that the program no longer takes, because it has ended, is dropped.
+    void write_input(std::string_view bytes, std::string &output);
+
+    // Ends standard input: closes the pipe, or hangs the terminal up.
+    void close_input();
+
+    // Whether the terminal is switched to single characters, as the line editor has it while it
+    // reads; never so while a command runs.
+    [[nodiscard]] bool reads_single_characters() const;
+
+    // Whether the program has read every byte that was fed to it. Terminal input only.
+    [[nodiscard]] bool input_is_drained() const;
+
+    // Waits up to `limit` for the program's end. Result: its exit status (128 + the signal that
+    // killed it), or -1 when it still runs.
+    int wait_exit(std::chrono::milliseconds limit);
+
+private:
+    [[nodiscard]] int input_fd() const;
+    void spawn(const std::vector<std::string> &command, int stdin_fd);
+
+    FileDescriptor terminal_; // the controlling side
+    FileDescriptor input_pipe_;
+    std::string terminal_name_;
+    pid_t pid_ = -1;
+    int exit_status_ = -1;
+};
+
+} // namespace session
