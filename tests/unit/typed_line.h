@@ -1,0 +1,58 @@
+// Commands as the administrator types them, without a console around them.
+#pragma once
+
+#include "captured_output.h"
+
+#include "shell/dispatch.h"
+
+#include <memory>
+#include <string>
+
+// A line in the argument ring of a context of its own, which lives on the heap so that the
+// sanitizers see its edges.
+class TypedLine {
+public:
+    explicit TypedLine(const std::string &line)
+        : line_(new char[line.size() + 1]()), cli_(new CliContext()) {
+        line.copy(line_.get(), line.size());
+        split_line(*cli_, line_.get());
+    }
+
+    CliContext &cli() { return *cli_; }
+
+private:
+    std::unique_ptr<char[]> line_;
+    std::unique_ptr<CliContext> cli_;
+};
+
+// What came of a command.
+struct CommandRun {
+    int result;
+    std::string out;
+    std::string err;
+};
+
+// Calls a handler with `line` as its words, on the radio of `band` (0 = 2.4 GHz, 1 = 5 GHz).
+inline CommandRun call_handler(CliHandler *handler, const std::string &line,
+                               CliCommand *subtable = nullptr, int band = 0) {
+    TypedLine typed(line);
+    typed.cli().current_band = band;
+    CommandRun run{};
+    const CapturedOutput captured =
+        capture_output([&] { run.result = handler(typed.cli(), "", subtable); });
+    run.out = captured.out;
+    run.err = captured.err;
+    return run;
+}
+
+// Dispatches a whole line from `table`.
+inline CommandRun dispatch_line(CliCommand *table, const std::string &line, int band = 0) {
+    TypedLine typed(line);
+    typed.cli().current_band = band;
+    CommandRun run{};
+    const CapturedOutput captured =
+        capture_output([&] { run.result = cli_dispatch(typed.cli(), table); });
+    run.out = captured.out;
+    run.err = captured.err;
+    return run;
+}
