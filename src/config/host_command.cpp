@@ -2,15 +2,8 @@
 
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 
 namespace {
-
-bool is_harmless(const char *word) {
-    static constexpr char HARMLESS[] = "abcdefghijklmnopqrstuvwxyzABCDEFGHIJKLMNOPQRSTUVWXYZ"
-                                       "0123456789_@%+=:,./-";
-    return *word != '\0' && word[std::strspn(word, HARMLESS)] == '\0';
-}
 
 // A pipe from the system shell.
 class Pipe {
@@ -46,55 +39,6 @@ bool may_run(const CommandLine &line) {
 }
 
 } // namespace
-
-CommandLine::CommandLine(const char *format, std::initializer_list<CommandValue> values) {
-    const CommandValue *value = values.begin();
-    for (const char *at = format; *at != '\0'; ++at) {
-        if (*at != '%') {
-            append(*at);
-            continue;
-        }
-        ++at; // "d" or "s", checked when the format was compiled
-        if (value->text == nullptr)
-            append_number(value->number);
-        else if (value->is_foreign && !is_harmless(value->text))
-            append_quoted(value->text);
-        else
-            append(value->text);
-        ++value;
-    }
-    text_[length_] = '\0';
-}
-
-void CommandLine::append(char c) {
-    if (length_ < LIMIT)
-        text_[length_++] = c;
-}
-
-void CommandLine::append(const char *text) {
-    for (; *text != '\0'; ++text)
-        append(*text);
-}
-
-void CommandLine::append_number(int number) {
-    char digits[16];
-    std::snprintf(digits, sizeof digits, "%d", number);
-    append(digits);
-}
-
-// Single quotes keep everything but themselves; those stand escaped between two quoted parts.
-void CommandLine::append_quoted(const char *word) {
-    append('\'');
-    for (; *word != '\0'; ++word) {
-        if (*word == '\'')
-            append("'\\''");
-        else
-            append(*word);
-    }
-    if (length_ == LIMIT)
-        cut_in_quotes_ = true;
-    append('\'');
-}
 
 int run_command_line(const CommandLine &line) {
     return may_run(line) ? std::system(line.text()) : -1;

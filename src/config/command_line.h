@@ -1,0 +1,87 @@
+// Command lines for the system shell.
+//
+// A command line is made of this program's own text, numbers, and words of others. Words of
+// others (typed by the administrator, or read from the database) pass only as ShellWord: made of
+// letters, digits and _ @ % + = : , . / - they go in as they are, anything else is quoted, so
+// that the tool receives the word as typed and the shell never interprets it.
+#pragma once
+
+#include <cstddef>
+#include <initializer_list>
+#include <type_traits>
+
+// A word that is not the program's own.
+struct ShellWord {
+    explicit ShellWord(const char *word) : text(word) {}
+
+    const char *text;
+};
+
+// A text of the program's own; goes in bare.
+struct ProgramText {
+    explicit ProgramText(const char *literal) : text(literal) {}
+
+    const char *text;
+};
+
+// One value of a command line.
+struct CommandValue {
+    CommandValue(int value) : number(value) {}
+    CommandValue(ShellWord word) : text(word.text), is_foreign(true) {}
+    CommandValue(ProgramText word) : text(word.text) {}
+
+    const char *text = nullptr; // null for a number
+    int number = 0;
+    bool is_foreign = false;
+};
+
+namespace command_checks {
+
+// Reaching this while a command line is compiled stops the compilation with its name.
+void conversions_do_not_fit_the_values();
+
+} // namespace command_checks
+
+// A printf-style command line whose "%d" and "%s" are checked against the values' types when it
+// is compiled.
+template <class... Values>
+struct CommandFormat {
+    const char *text;
+
+    template <std::size_t N>
+    consteval CommandFormat(const char (&format)[N]) : text(format) {
+        constexpr char EXPECTED[] = {(std::is_same_v<Values, int> ? 'd' : 's')..., '\0'};
+        const char *expected = EXPECTED;
+        for (const char *at = format; *at != '\0'; ++at) {
+            if (*at != '%')
+                continue;
+            if (*++at != *expected || *expected++ == '\0')
+                command_checks::conversions_do_not_fit_the_values();
+        }
+        if (*expected != '\0')
+            command_checks::conversions_do_not_fit_the_values();
+    }
+};
+
+// A finished command line, cut at 1023 characters.
+class CommandLine {
+public:
+    static constexpr std::size_t LIMIT = 1023;
+
+    CommandLine(const char *format, std::initializer_list<CommandValue> values);
+
+    [[nodiscard]] const char *text() const { return text_; }
+
+    // False when the cut fell into a quoted word: the rest is not what was typed, and is not run.
+    [[nodiscard]] bool is_whole() const { return !cut_in_quotes_; }
+
+private:
+    void append(char c);
+    void append(const char *text);
+    void append_number(int number);
+    void append_quoted(const char *word);
+
+    char text_[LIMIT + 1];
+    std::size_t length_ = 0;
+    bool cut_in_quotes_ = false;
+};
