@@ -17,6 +17,9 @@ public:
     // Where entry `index` is; the array is the operation's and lives until its next call.
     [[nodiscard]] const char *path(int index) const;
 
+    // Their results need not be looked at: what failed has been reported.
+    // NOLINTBEGIN(modernize-use-nodiscard)
+
     // Reads entry `index`, as cfg_get does.
     int read(ReadTarget value, int index) const;
 
@@ -25,6 +28,8 @@ public:
 
     // Deletes entry `index`, as cfg_del does.
     int remove(int index) const;
+
+    // NOLINTEND(modernize-use-nodiscard)
 
 private:
     static constexpr int NO_INTERFACE = 0;
