@@ -1,7 +1,53 @@
+// The device's own address: IP address, netmask, gateway, DNS server, and where they come from.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> lan_ip_set_rows{};
+// Takes one word, a host address, and writes it in canonical form to the node of `path`; sets the
+// apply bits. Returns 0; or -1 after `message`.
+int write_host_address(CliContext &cli, const char *path, std::uint32_t apply_bits,
+                       const char *message);
 
-inline constexpr std::array<CliCommand, 0> lan_ip_get_rows{};
+// The handler of such a row.
+template <FixedText Path, std::uint32_t ApplyBits, FixedText Message>
+int set_host_address(CliContext &cli, const char *, CliCommand *) {
+    return write_host_address(cli, Path.text, ApplyBits, Message.text);
+}
+
+int set_ip_mask(CliContext &cli, const char *word, CliCommand *subtable);
+
+// The values in use: the configured ones while the address is static, else those that the DHCP
+// client got.
+int get_ip_address(CliContext &cli, const char *word, CliCommand *subtable);
+int get_ip_mask(CliContext &cli, const char *word, CliCommand *subtable);
+int get_gateway(CliContext &cli, const char *word, CliCommand *subtable);
+int get_name_server(CliContext &cli, const char *word, CliCommand *subtable);
+int get_ip_mode(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto ip_mode_rows = command_table({
+    {"static", "Static Mode", write_fixed<"/wan/rg/inf:1/mode", "1", APPLY_WAN | APPLY_WLAN>},
+    {"dynamic", "DHCP Mode", write_fixed<"/wan/rg/inf:1/mode", "2", APPLY_WAN>},
+});
+
+inline constexpr auto lan_ip_set_rows = command_rows({
+    {"ipaddr", "Set IP Address",
+     set_host_address<"/wan/rg/inf:1/static/ip", APPLY_WAN | APPLY_WLAN, "No IP Address!\n">},
+    {"ipmask", "Set IP Subnet Mask", set_ip_mask},
+    {"gateway", "Set Gateway IP Address",
+     set_host_address<"/wan/rg/inf:1/static/gateway", APPLY_WAN, "No gateway!\n">},
+    {"nameaddr", "Set DNS Address",
+     set_host_address<"/dnsrelay/server/primarydns", APPLY_WAN, "No nameaddr!\n">},
+    {"ipmode", "Set IP Mode", dispatch_subtable, ip_mode_rows.data()},
+});
+
+inline constexpr auto lan_ip_get_rows = command_rows({
+    {"ipaddr", "Display IP Address", get_ip_address},
+    {"ipmask", "Display IP Subnet Mask", get_ip_mask},
+    {"gateway", "Display Gateway IP Address", get_gateway},
+    {"nameaddr", "Display DNS Address", get_name_server},
+    {"ipmode", "Display IP Mode", get_ip_mode},
+    {"hardware", "Display Hardware Revisions",
+     run_fixed<"rgdb -i -g runtime/sys/info/hardwareversion">},
+});
