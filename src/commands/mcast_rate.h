@@ -1,7 +1,25 @@
+// The rate of multicast frames, an index into the rates that the wireless mode has.
 #pragma once
 
-#include "shell/command.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> mcast_rate_set_rows{};
+// Store the one word as the band's index, as typed, when the wireless mode has that index; else
+// print how to use them. Return 0 either way.
+int set_mcast_rate_2g(CliContext &cli, const char *word, CliCommand *subtable);
+int set_mcast_rate_5g(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> mcast_rate_get_rows{};
+// Prints the rate of the band that the device runs.
+int get_mcast_rate(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto mcast_rate_rows = command_table({
+    {"2.4G_Band", "set 2.4G Band", set_mcast_rate_2g},
+    {"5G_Band", "set 5G Band", set_mcast_rate_5g},
+});
+
+inline constexpr auto mcast_rate_set_rows = command_rows({
+    {"mcastrate", "Set mcast rate", dispatch_subtable, mcast_rate_rows.data()},
+});
+
+inline constexpr auto mcast_rate_get_rows = command_rows({
+    {"mcastrate", "Display mcast rate", get_mcast_rate},
+});
