@@ -1,7 +1,48 @@
+// The wireless clients that a radio admits, by MAC address, and the access points around, as the
+// administrator classifies them.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> acl_rogue_set_rows{};
+const char *acl_mode_name(int mode);
 
-inline constexpr std::array<CliCommand, 0> acl_rogue_get_rows{};
+// Adds one MAC address to the access control list, as typed.
+int add_acl_address(CliContext &cli, const char *word, CliCommand *subtable);
+// Takes any word: it only has to stand in the list.
+int delete_acl_address(CliContext &cli, const char *word, CliCommand *subtable);
+int get_acl_addresses(CliContext &cli, const char *word, CliCommand *subtable);
+int get_acl_table(CliContext &cli, const char *word, CliCommand *subtable);
+
+int get_rogue_aps(CliContext &cli, const char *word, CliCommand *subtable);
+// Writes a classified access point: index, type, MAC address. Only the last one's length counts.
+int set_rogue_ap(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Scans for access points and prints what was found.
+int get_intrusion(CliContext &cli, const char *word, CliCommand *subtable);
+// Classifies a scan result, index and type, and saves the configuration.
+int set_intrusion(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto acl_rows = command_table({
+    {"disable", "acl disable", write_fixed<"/wlan/inf:%d/acl/mode", "0", APPLY_WLAN>},
+    {"accept", "acl accept", write_fixed<"/wlan/inf:%d/acl/mode", "1", APPLY_WLAN>},
+    {"reject", "acl reject", write_fixed<"/wlan/inf:%d/acl/mode", "2", APPLY_WLAN>},
+});
+
+inline constexpr auto acl_rogue_set_rows = command_rows({
+    {"acl", "Set ACL", dispatch_subtable, acl_rows.data()},
+    {"macaddradd", "Add MAC Addr <macaddradd macaddress>  ", add_acl_address},
+    {"macaddrdel", "DEL MAC Addr <macaddrdel macaddress>", delete_acl_address},
+    {"rogue_set_type_mac", "set rogue ap index type and mac < type   macaddradd macaddress>  ",
+     set_rogue_ap},
+    {"intrusion", "Set intrusion", set_intrusion},
+});
+
+inline constexpr auto acl_rogue_get_rows = command_rows({
+    {"acl", "Display ACL", show_name<"/wlan/inf:%d/acl/mode", "aclmode:%s\n", acl_mode_name>},
+    {"macaddrlist", "Display MAC Address List", get_acl_addresses},
+    {"acl-table", "Display macfilter table", get_acl_table},
+    {"rogue_ap", "Display Rogue AP List", get_rogue_aps},
+    {"intrusion", "Display intrusion", get_intrusion},
+});

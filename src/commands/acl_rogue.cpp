@@ -1,0 +1,186 @@
+#include "commands/acl_rogue.h"
+
+#include "commands/address_list.h"
+#include "commands/radio.h"
+#include "config/host_command.h"
+#include "config/node_access.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+#include <cstring>
+#include <iterator>
+
+namespace {
+
+constexpr int ACL_CAPACITY = 256;
+constexpr int ACL_TABLE_ROWS = 512;
+constexpr int ROGUE_CAPACITY = 64;
+constexpr int SCAN_ROWS = 64;
+
+NumberedList acl_entries(const CliContext &cli) {
+    return {"/wlan/inf:%d/acl/mac:%d", interface_number(cli)};
+}
+
+AddressList access_control_list(const CliContext &cli) {
+    return {acl_entries(cli), ACL_CAPACITY, "ACL", "mac"};
+}
+
+// What the radio found, and what the administrator made of it: the fields of an access point.
+constexpr char SCANNED[] = "/runtime/wlan/inf:%d/rogue_ap/client:%d/%s";
+constexpr char CLASSIFIED[] = "/wlan/inf:%d/rogue_ap/client:%d/%s";
+
+NumberedList classified_addresses(const CliContext &cli) {
+    return {"/wlan/inf:%d/rogue_ap/client:%d/mac", interface_number(cli)};
+}
+
+NumberedList scanned_addresses(const CliContext &cli) {
+    return {"/runtime/wlan/inf:%d/rogue_ap/client:%d/mac", interface_number(cli)};
+}
+
+// Null for a negative type.
+const char *rogue_type_name(int type) {
+    static constexpr const char *NAMES[] = {"NEW", "Valid", "Neighborhood", "Rogue"};
+    if (type < 0)
+        return nullptr;
+    return NAMES[type < 3 ? type : 3];
+}
+
+// The text that a number counts from 0, nothing beyond the last.
+template <std::size_t N>
+const char *column_text(const char *const (&texts)[N], int number) {
+    return number >= 0 && number < static_cast<int>(N) ? texts[number] : "";
+}
+
+void scan_for_access_points() {
+    const bool is_5g = operating_band != 0;
+    run_command("sh /etc/templates/ap_scan.sh %s", ProgramText(is_5g ? "a" : "g"));
+    run_command("sh /etc/templates/ap_comp.sh %s", ProgramText(is_5g ? "a" : "g"));
+}
+
+// The columns do not line up with the heading. Meant so.
+void print_scan_result(int interface, int index, const char *mac, ReadTarget ssid) {
+    static constexpr const char *TYPES[] = {"new    ", "valid  ", "neighbor      ", "rogue  "};
+    static constexpr const char *BANDS[] = {"B      ", "G   ", "N   ", "A   "};
+    const auto number = [&](const char *field) {
+        return cfg_number(SCANNED, interface, index, field);
+    };
+    cfg_get(ssid, SCANNED, interface, index, "ssid");
+    cli_printf("%d       %s%s%d       %d/%%     %s   %s  %s\n", index,
+               column_text(TYPES, number("type")), column_text(BANDS, number("band")),
+               number("channel"), number("rssi"), ssid.data, mac,
+               number("status") != 0 ? "Up" : "Down");
+}
+
+int refuse_intrusion() {
+    return refuse("Usage: set intrusion {index} {type}\n"
+                  "\t\ttype[0-3]:\t1:valid\n"
+                  "\t\t\t\t2:neighbor\n"
+                  "\t\t\t\t3:rogue\n"
+                  "\t\t\t\t0:new\n");
+}
+
+} // namespace
+
+const char *acl_mode_name(int mode) {
+    if (mode == 0)
+        return "disable";
+    return mode == 1 ? "accept" : "reject";
+}
+
+int add_acl_address(CliContext &cli, const char *, CliCommand *) {
+    ValueBuffer entry;
+    if (!entry)
+        return refuse(MEMORY_ERROR);
+    MacText mac{};
+    if (arg_count(cli) == 0 || arg_mac(cli, mac) == 0)
+        return refuse("error macaddradd!\n");
+    return add_address(access_control_list(cli), entry, mac.data());
+}
+
+int delete_acl_address(CliContext &cli, const char *, CliCommand *) {
+    ValueBuffer entry;
+    if (!entry)
+        return refuse(MEMORY_ERROR);
+    const char *mac = arg_peek(cli, 0);
+    if (mac == nullptr)
+        return refuse("error macaddrdel!\n");
+    return delete_address(access_control_list(cli), entry, mac);
+}
+
+int get_acl_addresses(CliContext &cli, const char *, CliCommand *) {
+    return show_addresses(acl_entries(cli), UNBOUNDED_LIST, "macaddr:%d-->%s\n", MEMORY_ERROR);
+}
+
+int get_acl_table(CliContext &, const char *, CliCommand *) {
+    return show_addresses(NumberedList("/wlan/inf:1/acl/mac:%d"), ACL_TABLE_ROWS, "%d     %s\n",
+                          MEMORY_ERROR);
+}
+
+int get_rogue_aps(CliContext &cli, const char *, CliCommand *) {
+    ValueBuffer mac;
+    if (!mac)
+        return refuse(MEMORY_ERROR);
+    for_each_entry(classified_addresses(cli), mac, UNBOUNDED_LIST, [&](int index) {
+        const char *type =
+            rogue_type_name(cfg_number(CLASSIFIED, interface_number(cli), index, "type"));
+        cli_printf("rogue ap client%d mac-->%s\n", index, mac.text());
+        if (type != nullptr)
+            cli_printf("rogue ap client%d type-->%s\n", index, type);
+    });
+    return CLI_DONE;
+}
+
+int set_rogue_ap(CliContext &cli, const char *, CliCommand *) {
+    const bool complete = arg_count(cli) == 3;
+    const char *index = arg_next(cli);
+    const char *type = arg_next(cli);
+    const char *mac = arg_next(cli);
+    if (!complete || std::strlen(mac) != std::size(MacText{}) - 1)
+        return refuse("error rogue ap setting!\n");
+    cli_printf("ddddd\n"); // a trace that belongs to the command
+    // Interface 1 for both bands. Meant so.
+    cfg_set(type, "/wlan/inf:1/rogue_ap/client:%s/type", index);
+    cfg_set(mac, "/wlan/inf:1/rogue_ap/client:%s/mac", index);
+    pending_apply |= APPLY_APSCAN;
+    return CLI_DONE;
+}
+
+int get_intrusion(CliContext &cli, const char *, CliCommand *) {
+    ValueBuffer mac;
+    ValueBuffer ssid;
+    if (!mac || !ssid)
+        return refuse(MEMORY_ERROR);
+    scan_for_access_points();
+    print_lines({"===============================================================================",
+                 "index   type   band   channel   rssi   ssid        mac                 status"});
+    for_each_entry(scanned_addresses(cli), mac, SCAN_ROWS, [&](int index) {
+        print_scan_result(interface_number(cli), index, mac.text(), ssid);
+    });
+    return CLI_DONE;
+}
+
+int set_intrusion(CliContext &cli, const char *, CliCommand *) {
+    const char *const fields[] = {"mac", "ssid", "channel", "band", "time", "status"};
+    ValueBuffer scanned;
+    ValueBuffer slot_mac;
+    if (!scanned || !slot_mac)
+        return refuse(MEMORY_ERROR);
+    const bool complete = arg_count(cli) == 2;
+    const char *index_word = arg_next(cli);
+    const char *type = arg_next(cli);
+    if (!complete || unsigned_value(type) > 3)
+        return refuse_intrusion();
+    const int interface = interface_number(cli);
+    const int index = decimal_value(index_word);
+    cfg_get(scanned, SCANNED, interface, index, "mac");
+    // With all slots in use the one behind the last is taken. Meant so.
+    const int slot =
+        find_in_list(classified_addresses(cli), slot_mac, scanned.text(), ROGUE_CAPACITY).index;
+    cfg_set(type, CLASSIFIED, interface, slot, "type");
+    for (const char *field : fields) {
+        cfg_get(scanned, SCANNED, interface, index, field);
+        cfg_set(scanned.text(), CLASSIFIED, interface, slot, field);
+    }
+    save_configuration();
+    return CLI_DONE;
+}
