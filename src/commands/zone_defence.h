@@ -1,7 +1,36 @@
+// Zone defence: the device talks only to a list of addresses.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> zone_defence_set_rows{};
+// Also makes the radio refuse the clients of its access control list.
+int enable_zone_defence(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> zone_defence_get_rows{};
+// Take one word, a host address.
+int add_zone_address(CliContext &cli, const char *word, CliCommand *subtable);
+int delete_zone_address(CliContext &cli, const char *word, CliCommand *subtable);
+
+// The same for IPv6 addresses, whose list both radios share. No word is bound to these two.
+int add_zone_ipv6_address(CliContext &cli, const char *word, CliCommand *subtable);
+int delete_zone_ipv6_address(CliContext &cli, const char *word, CliCommand *subtable);
+
+int get_zone_addresses(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto zone_defence_rows = command_table({
+    {"enable", "enable zonedefence", enable_zone_defence},
+    {"disable", "disable zonedefence", write_fixed<"/wlan/inf:%d/zonedefence", "0", APPLY_WLAN>},
+});
+
+inline constexpr auto zone_defence_set_rows = command_rows({
+    {"zonedefence", "Set Zone Defence status", dispatch_subtable, zone_defence_rows.data()},
+    {"zone-defence-addip", "Add Zone Defence IP Address", add_zone_address},
+    {"zone-defence-delip", "Del Zone Defence IP Address", delete_zone_address},
+});
+
+inline constexpr auto zone_defence_get_rows = command_rows({
+    {"zonedefence", "Display Zonedefence",
+     show_switch<"/wlan/inf:%d/zonedefence", "zonedefence:%s\n">},
+    {"zonedefence-ip", "Display Zonedefence IP table list", get_zone_addresses},
+});

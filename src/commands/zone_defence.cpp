@@ -1,0 +1,80 @@
+#include "commands/zone_defence.h"
+
+#include "commands/address.h"
+#include "commands/address_list.h"
+#include "shell/output.h"
+
+#include <arpa/inet.h>
+
+namespace {
+
+// Adding to a list and deleting from it differ in nothing before that.
+using ListOperation = int(const AddressList &list, ReadTarget value, const char *address);
+
+AddressList zone_list(const NumberedList &entries) {
+    return {entries, 64, "Zonedefence IP", "ip"};
+}
+
+NumberedList ipv4_entries(const CliContext &cli) {
+    return {"/wlan/inf:%d/zonedefence_ip/ipaddr:%d", interface_number(cli)};
+}
+
+NumberedList ipv6_entries() {
+    return NumberedList("/wlan/inf:1/zonedefence_ip/ipv6addr:%d");
+}
+
+int change_ipv4_list(CliContext &cli, ListOperation *operation) {
+    ValueBuffer entry;
+    if (!entry)
+        return refuse(NO_ENOUGH_MEMORY);
+    Ipv4Text address{};
+    if (!take_host_address(cli, address))
+        return refuse("No IP Address!\n");
+    return operation(zone_list(ipv4_entries(cli)), entry, address.data());
+}
+
+int change_ipv6_list(CliContext &cli, ListOperation *operation) {
+    ValueBuffer entry;
+    if (!entry)
+        return refuse("Too few memory.\n");
+    const char *word = arg_next(cli);
+    if (word == nullptr)
+        return refuse("Command line is not complete.\n");
+    if (arg_count(cli) > 0)
+        return refuse("No IP Address!\n");
+    in6_addr binary{};
+    if (inet_pton(AF_INET6, word, &binary) != 1)
+        return refuse("Illegal format.\n");
+    char address[INET6_ADDRSTRLEN] = {};
+    if (inet_ntop(AF_INET6, &binary, address, sizeof address) == nullptr)
+        return refuse("System Error!!!\n");
+    return operation(zone_list(ipv6_entries()), entry, address);
+}
+
+} // namespace
+
+int enable_zone_defence(CliContext &cli, const char *, CliCommand *) {
+    write_fixed_value(cli, "/wlan/inf:%d/zonedefence", "1", APPLY_WLAN, "");
+    return write_fixed_value(cli, "/wlan/inf:%d/acl/mode", "2", APPLY_WLAN, "");
+}
+
+int add_zone_address(CliContext &cli, const char *, CliCommand *) {
+    return change_ipv4_list(cli, add_address);
+}
+
+int delete_zone_address(CliContext &cli, const char *, CliCommand *) {
+    return change_ipv4_list(cli, delete_address);
+}
+
+int add_zone_ipv6_address(CliContext &cli, const char *, CliCommand *) {
+    return change_ipv6_list(cli, add_address);
+}
+
+int delete_zone_ipv6_address(CliContext &cli, const char *, CliCommand *) {
+    return change_ipv6_list(cli, delete_address);
+}
+
+int get_zone_addresses(CliContext &cli, const char *, CliCommand *) {
+    return show_addresses(ipv4_entries(cli), UNBOUNDED_LIST, " Item %d IP Address %s \n",
+                          NO_ENOUGH_MEMORY);
+}
