@@ -1,7 +1,46 @@
+// The clock, the time server, the time zone and daylight saving time.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
 
-inline constexpr std::array<CliCommand, 0> time_set_rows{};
+#include <array>
+#include <ctime>
 
-inline constexpr std::array<CliCommand, 0> time_get_rows{};
+// The words year, month, day, hour, minute and second; null where none was typed.
+using CalendarWords = std::array<const char *, 6>;
+
+// Converts a date of local time to calendar seconds. Fields without a word are 0, nothing is
+// range-tested, so that a 13th month is the next year's first. Returns false when the date lies
+// outside of what can be counted.
+bool calendar_seconds(const CalendarWords &words, std::time_t &seconds);
+
+int set_time(CliContext &cli, const char *word, CliCommand *subtable);
+int get_time(CliContext &cli, const char *word, CliCommand *subtable);
+int get_uptime(CliContext &cli, const char *word, CliCommand *subtable);
+
+// `set sntpserver enable|disable|ADDRESS`; an address is saved and takes effect at once.
+int set_time_server(CliContext &cli, const char *word, CliCommand *subtable);
+int get_time_server(CliContext &cli, const char *word, CliCommand *subtable);
+
+// `set tzone 1..75`; takes effect at once.
+int set_time_zone(CliContext &cli, const char *word, CliCommand *subtable);
+int get_time_zone(CliContext &cli, const char *word, CliCommand *subtable);
+
+// `set daylightsaving STATE`; takes effect at once.
+int set_daylight_saving(CliContext &cli, const char *word, CliCommand *subtable);
+int get_daylight_saving(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constexpr auto time_set_rows = command_rows({
+    {"time", "Set time (year month day hour min sec)", set_time},
+    {"sntpserver", "Set SNTP server", set_time_server},
+    {"tzone", "Set time zone", set_time_zone},
+    {"daylightsaving", "Set daylight saving time", set_daylight_saving},
+});
+
+inline constexpr auto time_get_rows = command_rows({
+    {"time", "Display time", get_time},
+    {"uptime", "Display AP uptime", get_uptime},
+    {"sntpserver", "Display SNTP server", get_time_server},
+    {"tzonelist", "Display time zone", get_time_zone},
+    {"daylightsaving", "Display daylight saving time", get_daylight_saving},
+});
