@@ -1,7 +1,34 @@
+// Moving configuration files and firmware between the device and a TFTP or FTP server.
 #pragma once
 
 #include "shell/command.h"
 
-inline constexpr std::array<CliCommand, 0> transfer_tftp_rows{};
+// Words FILE HOST. A bad host is told, and the transfer is tried all the same. Meant so.
+int tftp_get_config(CliContext &cli, const char *word, CliCommand *subtable);
+int tftp_get_firmware(CliContext &cli, const char *word, CliCommand *subtable);
+int tftp_put_config(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> transfer_ftp_rows{};
+// Sends the whole database as text.
+int tftp_put_xml_config(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Fetches such a text and loads it; a bad host or an empty file is refused.
+int tftp_get_xml_config(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Words FILE HOST USER PASSWORD, with a bad host as for TFTP.
+int ftp_get_config(CliContext &cli, const char *word, CliCommand *subtable);
+int ftp_get_firmware(CliContext &cli, const char *word, CliCommand *subtable);
+int ftp_put_config(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constexpr auto transfer_tftp_rows = command_rows({
+    {"getxmlconfig", "Get XML configuration file from TFTP server", tftp_get_xml_config},
+    {"getconfig", "Get configuration file from TFTP server", tftp_get_config},
+    {"getfirmware", "Get firmware file from TFTP server", tftp_get_firmware},
+    {"putconfig", "Put configuration file to TFTP server", tftp_put_config},
+    {"putxmlconfig", "Put XML configuration file to TFTP server", tftp_put_xml_config},
+});
+
+inline constexpr auto transfer_ftp_rows = command_rows({
+    {"getconfig", "Get configuration file from FTP server", ftp_get_config},
+    {"getfirmware", "Get firmware file from FTP server", ftp_get_firmware},
+    {"putconfig", "Put configuration file to FTP server", ftp_put_config},
+});

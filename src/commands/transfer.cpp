@@ -1,0 +1,145 @@
+#include "commands/transfer.h"
+
+#include "config/host_command.h"
+#include "config/unique_fd.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+#include <cstdio>
+#include <fcntl.h>
+
+namespace {
+
+// What is kept of a tool's output.
+using ToolOutput = ShortValue<255>;
+
+using TftpCommand = CommandFormat<ShellWord, CommandValue>;                      // file, host
+using FtpCommand = CommandFormat<ShellWord, ShellWord, CommandValue, ShellWord>; // account first
+
+constexpr char GET_XML_USAGE[] = "tftp getxmlconfig [config file name] [host IP Address]";
+constexpr char PUT_XML_USAGE[] = "tftp putxmlconfig [config file name] [host IP Address]";
+
+// Takes the host's word and puts its address into `text`. A bad one is told, with `usage` if there
+// is any, and stands as "(null)" in the command line, which is run nevertheless. Meant so.
+CommandValue take_host(CliContext &cli, Ipv4Text &text, const char *usage) {
+    std::uint32_t address = 0;
+    if (arg_ipv4(cli, address) == 0) {
+        cli_printf("Invalid host address!!\n");
+        if (usage != nullptr)
+            print_lines({usage});
+        return ProgramText("(null)");
+    }
+    text = ipv4_text(address);
+    return ShellWord(text.data());
+}
+
+int run_tftp(CliContext &cli, const char *usage, const char *host_usage, TftpCommand command) {
+    if (arg_count(cli) != 2)
+        return refuse("%s\n", usage);
+    const ShellWord file(arg_next(cli));
+    Ipv4Text host_text{};
+    const CommandValue host = take_host(cli, host_text, host_usage);
+    ToolOutput output;
+    cmd_capture(output, command, file, host);
+    cli_printf("%s", output.text());
+    return CLI_DONE;
+}
+
+int run_ftp(CliContext &cli, const char *usage, FtpCommand command) {
+    if (arg_count(cli) != 4)
+        return refuse("%s\n", usage);
+    const ShellWord file(arg_next(cli));
+    Ipv4Text host_text{};
+    const CommandValue host = take_host(cli, host_text, usage);
+    const ShellWord user(arg_next(cli));
+    const ShellWord password(arg_next(cli));
+    ToolOutput output;
+    cmd_capture(output, command, user, password, host, file);
+    cli_printf("%s", output.text());
+    return CLI_DONE;
+}
+
+void remove_from_tmp(ShellWord file) {
+    ToolOutput unseen;
+    cmd_capture(unseen, "rm /tmp/%s -f", file);
+}
+
+// Null when the fetched file can be loaded, else what is wrong with it.
+const char *check_fetched_file(const char *name) {
+    char path[CliContext::WORD_BUFFER_SIZE + sizeof "/tmp/"];
+    std::snprintf(path, sizeof path, "/tmp/%s", name);
+    const UniqueFd file(open(path, O_RDONLY | O_CLOEXEC));
+    if (!file)
+        return "open file error";
+    return lseek(file.get(), 0, SEEK_END) > 0 ? nullptr : "file length is zero";
+}
+
+} // namespace
+
+int tftp_get_config(CliContext &cli, const char *, CliCommand *) {
+    // The only one that does not repeat its usage after a bad host.
+    return run_tftp(cli, "tftp getconfig [config file name] [host IP Address]", nullptr,
+                    "tftp -d -r %s %s ");
+}
+
+int tftp_get_firmware(CliContext &cli, const char *, CliCommand *) {
+    static constexpr char USAGE[] = "tftp getfirmware [firmware file name] [host IP Address]";
+    return run_tftp(cli, USAGE, USAGE, "tftp -f -r %s %s ");
+}
+
+int tftp_put_config(CliContext &cli, const char *, CliCommand *) {
+    static constexpr char USAGE[] = "tftp putconfig [config file name] [host IP Address]";
+    return run_tftp(cli, USAGE, USAGE, "tftp -t -r %s %s ");
+}
+
+int tftp_put_xml_config(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 2)
+        return refuse("%s\n", PUT_XML_USAGE);
+    const ShellWord file(arg_next(cli));
+    Ipv4Text host_text{};
+    const CommandValue host = take_host(cli, host_text, PUT_XML_USAGE);
+    ToolOutput unseen;
+    cmd_capture(unseen, "rgdb -D /tmp/%s ", file);
+    cmd_capture(unseen, "tftp -p -r %s -l /tmp/%s %s ", file, file, host);
+    remove_from_tmp(file);
+    return CLI_DONE;
+}
+
+int tftp_get_xml_config(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 2)
+        return refuse("%s\n", GET_XML_USAGE);
+    const ShellWord file(arg_next(cli));
+    std::uint32_t address = 0;
+    if (arg_ipv4(cli, address) == 0)
+        return refuse("Invalid host address!!\n");
+    const Ipv4Text host = ipv4_text(address);
+    ToolOutput unseen;
+    cmd_capture(unseen, "tftp -g -r %s -l /tmp/%s %s ", file, file, ShellWord(host.data()));
+    if (const char *fault = check_fetched_file(file.text)) {
+        print_lines({fault});
+        remove_from_tmp(file);
+        return CLI_REFUSED;
+    }
+    print_lines({"tftp: Update configuraion file successfully!", // spelt so
+                 "tftp: Please reboot device!"});
+    cmd_capture(unseen, "rgdb -l /tmp/%s", file);
+    run_command("submit COMMIT");
+    remove_from_tmp(file);
+    return CLI_DONE;
+}
+
+int ftp_get_config(CliContext &cli, const char *, CliCommand *) {
+    return run_ftp(cli, "ftp getconfig [config file name] [host IP Address] [username] [password]",
+                   "ftpget -d -u %s -p %s %s %s");
+}
+
+int ftp_get_firmware(CliContext &cli, const char *, CliCommand *) {
+    return run_ftp(cli,
+                   "ftp getfirmware [firmware file name] [host IP Address] [username] [password]",
+                   "ftpget -f -u %s -p %s %s %s");
+}
+
+int ftp_put_config(CliContext &cli, const char *, CliCommand *) {
+    return run_ftp(cli, "ftp putconfig [config file name] [host IP Address] [username] [password]",
+                   "ftpput -t -u %s -p %s %s %s");
+}
