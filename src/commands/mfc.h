@@ -1,9 +1,46 @@
+// The production line's commands, which hand their words to the manufacturing tool and show what
+// it answers.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/tool_output.h"
 
-inline constexpr std::array<CliCommand, 0> mfc_rows{};
+// `mfc init LANMAC` and three words more.
+int mfc_init(CliContext &cli, const char *word, CliCommand *subtable);
+int mfc_test_5g(CliContext &cli, const char *word, CliCommand *subtable);
+int mfc_test_24g(CliContext &cli, const char *word, CliCommand *subtable);
+int mfc_set_country_code(CliContext &cli, const char *word, CliCommand *subtable);
+int mfc_reset(CliContext &cli, const char *word, CliCommand *subtable);
+int mfc_button(CliContext &cli, const char *word, CliCommand *subtable);
+int mfc_led(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> mfc_set_rows{};
+// Gives the WAN and the LAN the same address; any word will do.
+int set_mac_address(CliContext &cli, const char *word, CliCommand *subtable);
+int set_hardware_revision(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> mfc_get_rows{};
+inline constexpr auto mfc_rows = command_rows({
+    {"init", "Set LAN MAC address, hardware revision, country code and PIN", mfc_init},
+    {"wlan_5", "Set 5 GHz radio for a test", mfc_test_5g},
+    {"wlan_24", "Set 2.4 GHz radio for a test", mfc_test_24g},
+    {"setcountrycode", "Set country code", mfc_set_country_code},
+    {"getlanmac", "Display LAN MAC address", show_output<"mfc getlanmac ", "lanmac = %s\n", 1023>},
+    {"getpin", "Display WPS PIN", show_output<"mfc getpin ", "pin = %s\n", 1023>},
+    {"gethwver", "Display hardware revision", show_output<"mfc gethwrev", "hwver = %s\n", 1023>},
+    {"getcountrycode", "Display country code",
+     show_output<"mfc getcountrycode", "countrycode = %s\n", 1023>},
+    {"freset", "Reset to factory default setting", mfc_reset},
+    {"save", "Save settings", show_output<"mfc save", "%s\n", 1023>},
+    {"ver", "Display version", show_output<"mfc ver", "ver = %s\n", 1023>},
+    {"button", "Test button", mfc_button},
+    {"led", "Test LED", mfc_led},
+});
+
+inline constexpr auto mfc_set_rows = command_rows({
+    {"macaddress", "Set MAC address", set_mac_address, nullptr, DEBUG_TAG},
+    {"hwrev", "Set hardware revision", set_hardware_revision, nullptr, DEBUG_TAG},
+});
+
+inline constexpr auto mfc_get_rows = command_rows({
+    {"macaddress", "Display MAC address", show_output<"mfc getlanmac", "%s\n", 255>},
+    {"hwrev", "Display hardware revision", show_output<"mfc gethwrev", "%s\n", 255>, nullptr,
+     HIDDEN_TAG},
+});
