@@ -1,7 +1,40 @@
+// Web management, the association limit and IGMP snooping.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> web_set_rows{};
+// `set web enable|disable`; starts or stops the server at once.
+int set_web(CliContext &cli, const char *word, CliCommand *subtable);
+int get_web(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> web_get_rows{};
+// Takes a word whose value lies in 0..64.
+int set_assoc_limit_number(CliContext &cli, const char *word, CliCommand *subtable);
+int get_assoc_limit(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto assoc_limit_rows = command_table({
+    {"enable", "enable assoclimit",
+     write_fixed<"/wlan/inf:%d/assoc_limit/enable", "1", APPLY_WLAN>},
+    {"disable", "disable assoclimit",
+     write_fixed<"/wlan/inf:%d/assoc_limit/enable", "0", APPLY_WLAN>},
+    {"number", "assoclimit number (range:0--64)", set_assoc_limit_number},
+});
+
+inline constinit auto igmp_snoop_rows = command_table({
+    {"enable", "enable igmpsnoop", write_fixed<"/wlan/inf:%d/igmpsnoop", "1", APPLY_WLAN>},
+    {"disable", "disable igmpsnoop", write_fixed<"/wlan/inf:%d/igmpsnoop", "0", APPLY_WLAN>},
+});
+
+inline constexpr auto web_set_rows = command_rows({
+    {"web", "Set web server (enable/disable)", set_web},
+    {"assoclimit", "Set association limit", dispatch_subtable, assoc_limit_rows.data()},
+    {"igmpsnoop", "Set IGMP snooping", dispatch_subtable, igmp_snoop_rows.data()},
+});
+
+inline constexpr auto web_get_rows = command_rows({
+    {"web", "Display web server", get_web},
+    {"assoclimitstatus", "Display association limit", get_assoc_limit},
+    {"igmpsnoop", "Display IGMP snooping",
+     show_switch<"/wlan/inf:%d/igmpsnoop", "igmp snoop:%s\n">},
+});

@@ -1,0 +1,77 @@
+#include "commands/web.h"
+
+#include "config/host_command.h"
+#include "config/node_access.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+#include <cstring>
+
+namespace {
+
+constexpr char WEB_NODE[] = "/sys/web/enable";
+
+void start_web_server() {
+    if (cfg_set("1", "%s", WEB_NODE) != 0) {
+        cli_printf("\nUnable to set enable!\n");
+        return;
+    }
+    save_configuration();
+    run_command("/etc/templates/webs.sh start");
+    cli_printf("\nSet WEB state to enable successfully!\n");
+}
+
+// Stops the server even when that cannot be stored.
+void stop_web_server() {
+    run_command("/etc/templates/webs.sh stop");
+    if (cfg_set("0", "%s", WEB_NODE) != 0) {
+        cli_printf("\nUnable to set disable!\n");
+        return;
+    }
+    save_configuration();
+    cli_printf("\nSet WEB state to disable successfully!\n");
+}
+
+} // namespace
+
+int set_web(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 1) {
+        cli_printf("set web enable/disable\n");
+        return CLI_DONE;
+    }
+    const char *word = arg_next(cli);
+    if (std::strcmp(word, "enable") == 0)
+        start_web_server();
+    else if (std::strcmp(word, "disable") == 0)
+        stop_web_server();
+    else
+        return refuse("\nInvalid Status!!\n");
+    return CLI_DONE;
+}
+
+int get_web(CliContext &, const char *, CliCommand *) {
+    ValueBuffer value;
+    if (!value)
+        return refuse("memory error!\n");
+    if (cfg_get(value, "%s", WEB_NODE) == 0)
+        cli_printf("WEB\tStatus: %s\n", capital_enable_word(value.number() != 0));
+    return CLI_DONE;
+}
+
+int set_assoc_limit_number(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) == 0)
+        return refuse("wrong number!\n");
+    return write_word_in_range(cli, "/wlan/inf:%d/assoc_limit/number", 0, 64, APPLY_WLAN,
+                               "Wrong number! Cover range is 0~64.\n", CLI_REFUSED);
+}
+
+int get_assoc_limit(CliContext &cli, const char *, CliCommand *) {
+    ValueBuffer number;
+    if (!number)
+        return refuse("memory error!\n");
+    const int limited = cfg_number("/wlan/inf:%d/assoc_limit/enable", interface_number(cli));
+    cfg_get(number, "/wlan/inf:%d/assoc_limit/number", interface_number(cli));
+    cli_printf("ASSOC Limit = %s\n", switch_name(limited));
+    cli_printf("Max STA number = %s\n", number.text());
+    return CLI_DONE;
+}
