@@ -1,7 +1,20 @@
+// Going back to the factory settings, and telling whether the device runs them.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
 
-inline constexpr std::array<CliCommand, 0> factory_set_rows{};
+// Loads the factory settings and saves them. The device is not rebooted.
+int set_factory_default(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> factory_ssl_rows{};
+// `isfactorydefault`: loads the factory settings to compare a save of them with one of the running
+// settings, then puts those back and saves them.
+int compare_with_factory(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constexpr auto factory_set_rows = command_rows({
+    {"factorydefault", "Set device to factory default setting", set_factory_default},
+});
+
+inline constexpr auto factory_ssl_rows = command_rows({
+    {"freset", "Reset SSL certificate to factory default",
+     run_fixed<"/usr/sbin/submit CLEAN_MISC_SECTOR">},
+});

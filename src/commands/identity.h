@@ -1,7 +1,41 @@
+// Which firmware runs, what the device is called, and whether it answers pings.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/tool_output.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> identity_set_rows{};
+// The four version fields.
+int get_runtime(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> identity_get_rows{};
+// Take one word of at most 32 characters.
+int set_location(CliContext &cli, const char *word, CliCommand *subtable);
+int set_system_name(CliContext &cli, const char *word, CliCommand *subtable);
+
+// `version` and `mem`.
+inline constexpr CliHandler *show_version =
+    show_text<"/runtime/sys/info/firmwareversion", "\n SOFTWARE_VERSION: %s\n", 200>;
+inline constexpr CliHandler *show_memory = show_output<"free", "%s\n", 255>;
+
+// Stored the other way round: 0 answers pings. Meant so.
+inline constinit auto ping_control_rows = command_table({
+    {"enable", "Set Ping Control Enabled",
+     write_fixed<"/sys/pingctl", "0", APPLY_WAN, "Ping Control: Enable\n">},
+    {"disable", "Set Ping Control Disabled",
+     write_fixed<"/sys/pingctl", "1", APPLY_WAN, "Ping Control: Disable\n">},
+});
+
+inline constexpr auto identity_set_rows = command_rows({
+    {"location", "Set Location Data", set_location},
+    {"systemname", "Set System Name", set_system_name},
+    {"pingctl", "Set Ping Control", dispatch_subtable, ping_control_rows.data()},
+});
+
+inline constexpr auto identity_get_rows = command_rows({
+    {"runtime", "Display runtime code version", get_runtime, nullptr, HIDDEN_TAG},
+    {"location", "Get Location string", run_fixed<"rgdb -g /sys/systemLocation">},
+    {"systemname", "Get System Name", run_fixed<"rgdb -g /sys/systemname">},
+    {"hostname", "Get System Name", run_fixed<"rgdb -g /sys/hostname">, nullptr, DEBUG_TAG},
+    {"pingctl", "Ping Control",
+     show_status<"/sys/pingctl", "Ping Control: Enable\n", "Ping Control: Disable\n">},
+});

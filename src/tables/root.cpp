@@ -1,5 +1,7 @@
 #include "tables/root.h"
 
+#include "commands/factory.h"
+#include "commands/identity.h"
 #include "shell/builtins.h"
 #include "shell/dispatch.h"
 #include "shell/listing.h"
@@ -26,7 +28,10 @@ constinit auto table = command_table({
     {"tftp", "tftp Commands", dispatch_subtable, tftp_table.data()},
     {"get", nullptr, dispatch_subtable, get_table.data()},
     {"help", "Display CLI Command List", show_help},
+    {"isfactorydefault", "Check if device is using factorydefault setting", compare_with_factory,
+     nullptr, HIDDEN_TAG},
     {"ls", "List directory contents", list_directory, nullptr, HIDDEN_TAG},
+    {"mem", "Display memory status", show_memory, nullptr, HIDDEN_TAG},
     {"ping", "Send ICMP ECHO_REQUEST to network hosts", ping_host},
     {"pwd", "Print name of current/working directory", print_directory},
     {"reboot", "Reboot Access Point", reboot_device},
@@ -36,6 +41,7 @@ constinit auto table = command_table({
     {"snmp", "SNMP Commands", dispatch_subtable, snmp_table.data()},
     {"ssl", "SSL Command(s)", dispatch_subtable, ssl_table.data()},
     {"mfc", nullptr, dispatch_subtable, mfc_table.data(), DEBUG_TAG},
+    {"version", "Display software version", show_version},
 });
 
 } // namespace
