@@ -1,0 +1,223 @@
+#include "config_file.h"
+
+#include <pugixml.hpp>
+
+#include <algorithm>
+#include <cctype>
+#include <cstdio>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace {
+
+constexpr char ROOT_ELEMENT[] = "config";
+constexpr char ODD_SEGMENT[] = "node"; // with the segment in its attribute "name"
+constexpr std::string_view SEPARATOR = " = ";
+constexpr mode_t FILE_MODE = 0644;
+
+bool is_listed(const NodeTree::Nodes::value_type &node, Selection selection) {
+    return !node.second.empty() &&
+           (selection == Selection::ALL || !NodeTree::is_runtime(node.first));
+}
+
+// ---- text
+
+std::string escaped(std::string_view text) {
+    std::string result;
+    for (const char c : text) {
+        if (c == '\\')
+            result += "\\\\";
+        else if (c == '\n')
+            result += "\\n";
+        else if (c == '\r')
+            result += "\\r";
+        else
+            result += c;
+    }
+    return result;
+}
+
+std::string unescaped(std::string_view text) {
+    std::string result;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool escape = text[i] == '\\' && i + 1 < text.size();
+        const char c = escape ? text[++i] : text[i];
+        if (escape && c == 'n')
+            result += '\n';
+        else if (escape && c == 'r')
+            result += '\r';
+        else
+            result += c;
+    }
+    return result;
+}
+
+bool parse_text(std::string_view document, NodeTree &tree) {
+    while (!document.empty()) {
+        const std::size_t end = std::min(document.find('\n'), document.size());
+        const std::string_view line = document.substr(0, end);
+        document.remove_prefix(std::min(end + 1, document.size()));
+        if (line.empty() || line.front() == '#')
+            continue;
+        const std::size_t separator = line.find(SEPARATOR);
+        if (line.front() != '/' || separator == std::string_view::npos ||
+            !tree.set(unescaped(line.substr(0, separator)),
+                      unescaped(line.substr(separator + SEPARATOR.size()))))
+            return false;
+    }
+    return true;
+}
+
+// ---- XML
+
+bool is_xml_name(std::string_view text) {
+    const auto is_name_byte = [](char c) {
+        return std::isalnum(static_cast<unsigned char>(c)) || c == '_' || c == '-' || c == '.';
+    };
+    return !text.empty() &&
+           (std::isalpha(static_cast<unsigned char>(text.front())) || text.front() == '_') &&
+           std::ranges::all_of(text, is_name_byte);
+}
+
+std::string segment_of(const pugi::xml_node &element) {
+    const std::string tag = element.name();
+    const pugi::xml_attribute name = element.attribute("name");
+    if (tag == ODD_SEGMENT && name)
+        return name.value();
+    const pugi::xml_attribute id = element.attribute("id");
+    return id ? tag + ':' + id.value() : tag;
+}
+
+pugi::xml_node append_segment(pugi::xml_node parent, const std::string &segment) {
+    const std::size_t colon = std::min(segment.find(':'), segment.size());
+    const std::string tag = segment.substr(0, colon);
+    if (!is_xml_name(tag)) {
+        pugi::xml_node element = parent.append_child(ODD_SEGMENT);
+        element.append_attribute("name") = segment.c_str();
+        return element;
+    }
+    pugi::xml_node element = parent.append_child(tag.c_str());
+    if (colon < segment.size())
+        element.append_attribute("id") = segment.substr(colon + 1).c_str();
+    return element;
+}
+
+// The element of the path below `element`, made as far as it is not there yet.
+pugi::xml_node element_at(pugi::xml_node element, std::string_view path) {
+    while (!path.empty()) {
+        const std::size_t end = std::min(path.find('/'), path.size());
+        const std::string segment(path.substr(0, end));
+        path.remove_prefix(std::min(end + 1, path.size()));
+        const pugi::xml_node known = element.find_child(
+            [&](const pugi::xml_node &child) { return segment_of(child) == segment; });
+        element = known ? known : append_segment(element, segment);
+    }
+    return element;
+}
+
+bool parse_elements(const pugi::xml_node &parent, const std::string &path, NodeTree &tree) {
+    if (std::ranges::count(path, '/') > NodeTree::MAX_DEPTH)
+        return false;
+    for (const pugi::xml_node child : parent.children()) {
+        if (child.type() != pugi::node_element)
+            continue;
+        const std::string child_path = path + '/' + segment_of(child);
+        const pugi::xml_attribute value = child.attribute("value");
+        if ((value && !tree.set(child_path, value.value())) ||
+            !parse_elements(child, child_path, tree))
+            return false;
+    }
+    return true;
+}
+
+bool parse_xml(std::string_view document, NodeTree &tree) {
+    pugi::xml_document xml;
+    return xml.load_buffer(document.data(), document.size(), pugi::parse_default,
+                           pugi::encoding_utf8) &&
+           parse_elements(xml.child(ROOT_ELEMENT), "", tree);
+}
+
+struct StringWriter final : pugi::xml_writer {
+    std::string text;
+    void write(const void *data, std::size_t size) override {
+        text.append(static_cast<const char *>(data), size);
+    }
+};
+
+// ---- files
+
+bool write_all(int fd, std::string_view text) {
+    while (!text.empty()) {
+        const ssize_t written = write(fd, text.data(), text.size());
+        if (written < 0)
+            return false;
+        text.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+} // namespace
+
+std::string tree_to_text(const NodeTree &tree, Selection selection) {
+    std::string text;
+    for (const auto &node : tree.nodes()) {
+        if (is_listed(node, selection))
+            text.append("/")
+                .append(escaped(node.first))
+                .append(SEPARATOR)
+                .append(escaped(node.second))
+                .append("\n");
+    }
+    return text;
+}
+
+std::string tree_to_xml(const NodeTree &tree, Selection selection) {
+    pugi::xml_document xml;
+    const pugi::xml_node root = xml.append_child(ROOT_ELEMENT);
+    for (const auto &node : tree.nodes()) {
+        if (is_listed(node, selection))
+            element_at(root, node.first).append_attribute("value") = node.second.c_str();
+    }
+    StringWriter writer;
+    xml.save(writer, "  ", pugi::format_default, pugi::encoding_utf8);
+    return std::move(writer.text);
+}
+
+std::optional<NodeTree> parse_tree(std::string_view document) {
+    NodeTree tree;
+    const bool parsed =
+        document.starts_with('<') ? parse_xml(document, tree) : parse_text(document, tree);
+    if (!parsed || tree.nodes().empty())
+        return std::nullopt;
+    return tree;
+}
+
+std::optional<NodeTree> load_tree_file(const std::string &file) {
+    // Without O_NONBLOCK the open of a named pipe would hold up the daemon.
+    const int fd = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    if (fd < 0)
+        return std::nullopt;
+    struct stat status {};
+    std::string document;
+    if (fstat(fd, &status) == 0 && S_ISREG(status.st_mode)) {
+        document.resize(static_cast<std::size_t>(status.st_size));
+        const ssize_t length = read(fd, document.data(), document.size());
+        document.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
+    }
+    close(fd);
+    return parse_tree(document);
+}
+
+bool replace_file(const std::string &file, std::string_view text) {
+    const std::string fresh = file + ".new";
+    const int fd = open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, FILE_MODE);
+    if (fd < 0)
+        return false;
+    const bool written = write_all(fd, text);
+    const bool kept = close(fd) == 0 && written && rename(fresh.c_str(), file.c_str()) == 0;
+    if (!kept)
+        unlink(fresh.c_str());
+    return kept;
+}

@@ -1,0 +1,28 @@
+// The journal: what the console wrote, deleted and ran, in order, one line each.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+// Where the stand-in device keeps its journal.
+inline constexpr char JOURNAL_FILE[] = "/var/journal";
+
+// "WHAT TEXT\n" as it stands in the journal: control characters of the text are escaped (\n, \t,
+// \r or \xNN), so that an entry is one line.
+std::string journal_line(std::string_view what, std::string_view text);
+
+class Journal {
+public:
+    // Appends to `file`, making it when there is none; others may append to it, too, and empty it.
+    // A journal that cannot be opened or written complains on standard error and holds up nobody.
+    explicit Journal(const char *file);
+    ~Journal();
+    Journal(const Journal &) = delete;
+    Journal &operator=(const Journal &) = delete;
+
+    // Appends one entry, in a single write.
+    void record(std::string_view what, std::string_view text) const;
+
+private:
+    int fd_;
+};

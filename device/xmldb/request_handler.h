@@ -1,0 +1,44 @@
+// What the daemon answers to a request, bytes in and bytes out: nothing here knows of sockets.
+#pragma once
+
+#include "journal.h"
+#include "node_tree.h"
+#include "protocol.h"
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+class RequestHandler {
+public:
+    // Works on `tree` and enters changes into `journal`; both outlive the handler.
+    RequestHandler(NodeTree &tree, const Journal &journal) : tree_(tree), journal_(journal) {}
+
+    // How many bytes the first request in `bytes` takes, or 0 while it is not there whole.
+    [[nodiscard]] static std::size_t request_size(std::string_view bytes);
+
+    // Carries out one whole request and gives the bytes of its reply. The request's text ends at
+    // its first NUL, or else where the request ends. Unknown actions and requests that cannot be
+    // carried out change nothing; they are answered with the status -1, or an empty text where
+    // the action's reply is a text.
+    std::string answer(std::string_view request);
+
+    void count_connection() { ++connections_; }
+
+    // Whether a request asked the daemon to end.
+    [[nodiscard]] bool stopping() const { return stopping_; }
+
+private:
+    bool set(std::string_view text, bool journaled);
+    bool remove(std::string_view path, bool journaled);
+    bool load(const std::string &file);
+    [[nodiscard]] std::string statistics() const;
+
+    NodeTree &tree_;
+    const Journal &journal_;
+    std::size_t connections_ = 0;
+    std::size_t gets_ = 0;
+    std::size_t sets_ = 0;
+    std::size_t deletes_ = 0;
+    bool stopping_ = false;
+};
