@@ -1,0 +1,35 @@
+# The configuration image: a header of 100 bytes, the settings as text, compressed. The header is
+# the firmware's signature, a separator byte, and a line about this save, so images of the same
+# settings differ in their headers only. The console expects images of at most 10240 bytes.
+
+IMAGE_HEADER=100
+
+image_signature() { node /runtime/layout/image_sign; }
+
+# write_image FILE
+write_image() {
+    signature=$(image_signature)
+    saves=$(cat /var/run/saves 2>/dev/null)
+    saves=$((saves + 1))
+    echo $saves >/var/run/saves
+    width=$((IMAGE_HEADER - ${#signature} - 2))
+    {
+        printf '%s\n' "$signature"
+        printf "%-$width.${width}s\n" "save $saves, $(date '+%Y-%m-%d %H:%M:%S')"
+        rgdb -C - | gzip -9
+    } >"$1"
+}
+
+# load_image FILE: also of an image whose signature and separator are gone, and with zeros behind
+# its end, as the console writes it back.
+load_image() {
+    signature=$(image_signature)
+    header=$IMAGE_HEADER
+    [ "$(head -c ${#signature} "$1" | tr '\0' ' ')" = "$signature" ] ||
+        header=$((IMAGE_HEADER - ${#signature} - 1))
+    tail -c +$((header + 1)) "$1" | gunzip >/tmp/image.$$ 2>/dev/null
+    rgdb -q -l /tmp/image.$$ 2>/dev/null
+    status=$?
+    rm -f /tmp/image.$$
+    return $status
+}

@@ -1,0 +1,13 @@
+# What the device's scripts share. They leave their own reads and writes out of the journal, and
+# say there in words what a real device would have done.
+
+did() { echo "did $*" >>/var/journal; }
+
+node() { rgdb -g "$1"; }
+
+set_node() { rgdb -q -s "$1" "$2"; }
+
+del_node() { rgdb -q -d "$1"; }
+
+# Writes the nodes that standard input lists, a line "/PATH = TEXT" each.
+set_nodes() { rgdb -q -m -; }

@@ -1,0 +1,29 @@
+#!/bin/busybox sh
+# Restarts the radio: what is configured becomes what is in use.
+. /etc/scripts/lib.sh
+
+# The channels in use: those configured, or with automatic selection a quiet one.
+channel_in_use() {
+    if [ "$(node /wlan/inf:1/autochannel)" != 1 ]; then
+        node /wlan/inf:1/channel
+    elif [ "$(node /wlan/ch_mode)" = 1 ]; then
+        echo 44
+    else
+        echo 6
+    fi
+}
+
+set_node /runtime/wireless/setting/status 0
+channel=$(channel_in_use)
+{
+    for radio in 1 2; do
+        echo "/runtime/stats/wlan/inf:$radio/channel = $channel"
+        echo "/runtime/wlan/inf:$radio/wpa/wpapsk = $(node "/wlan/inf:$radio/wpa/wpapsk")"
+        for slot in 1 2 3; do
+            slot_path=/wlan/inf:$radio/multi/index:$slot/passphrase
+            echo "/runtime$slot_path = $(node $slot_path)"
+        done
+    done
+    echo "/runtime/wireless/setting/status = 1"
+} | set_nodes
+did "${1:-refresh} wlan"
