@@ -1,0 +1,95 @@
+#!/bin/sh
+# Opens the console on the stand-in access point, after installing and building what is missing.
+#
+# usage: ./run.sh [--factory] [--trace] [--record FILE] [--state DIRECTORY]
+#
+#   --factory  start from the factory settings; what was saved is forgotten
+#   --trace    show after each command what it wrote and which command lines it ran
+#   --record   write the session to FILE as a transcript
+#   --state    keep the device's files in DIRECTORY instead of .wap/state
+#
+# Settings that were saved (set apply saves them) are there again at the next start. Standard input
+# may be a pipe; standard output is the console's alone; the exit status is the console's.
+set -eu
+
+usage() {
+    echo "usage: ./run.sh [--factory] [--trace] [--record FILE] [--state DIRECTORY]" >&2
+    exit 2
+}
+
+absolute() {
+    case $1 in
+    /*) echo "$1" ;;
+    *) echo "$PWD/$1" ;;
+    esac
+}
+
+factory='' trace='' record='' state=''
+while [ $# -gt 0 ]; do
+    case $1 in
+    --factory) factory=--factory ;;
+    --trace) trace=--trace ;;
+    --record | --state)
+        [ $# -gt 1 ] && [ -n "$2" ] || usage
+        case $1 in
+        --record) record=$(absolute "$2") ;;
+        --state) state=$(absolute "$2") ;;
+        esac
+        shift
+        ;;
+    *) usage ;;
+    esac
+    shift
+done
+
+cd "$(dirname "$0")"
+build=build/release
+: "${state:=$PWD/.wap/state}"
+
+# quietly COMMAND...: its output only when it fails.
+quietly() {
+    if ! "$@" >"$log" 2>&1 </dev/null; then
+        cat "$log" >&2
+        echo "run.sh: '$*' failed" >&2
+        exit 1
+    fi
+}
+
+# Builds of one tree take turns.
+build_console() {
+    log=$build/run.log
+    mkdir -p "$build"
+    exec 9>"$build/run.lock"
+    flock 9
+    if [ ! -f $build/build.ninja ]; then
+        echo "Building the console and the stand-in device ..." >&2
+        quietly cmake --preset release
+    fi
+    quietly cmake --build $build --target wap-cli wap-session device_root
+    exec 9>&-
+}
+
+# The build directory is configured only where every package is there.
+if [ ! -f $build/build.ninja ] || [ tools/packages.txt -nt $build/build.ninja ] ||
+    ! command -v bwrap >/dev/null; then
+    tools/install-packages run </dev/null >&2
+fi
+build_console
+
+mkdir -p "$state"
+exec 8>"$state/lock"
+if ! flock -n 8; then
+    echo "run.sh: a device runs in $state already; --state DIRECTORY gives this one its own" >&2
+    exit 1
+fi
+
+set -- device/enter --root $build/device/root --program $build/src/wap-cli \
+    --state "$state" ${factory:+"$factory"}
+if [ -n "$trace$record" ]; then
+    set -- $build/device/session/wap-session ${trace:+"$trace"} ${record:+--record "$record"} \
+        --journal "$state/var/journal" -- "$@"
+fi
+# The lock is this script's, which waits for the device to end.
+status=0
+"$@" 8>&- || status=$?
+exit $status
