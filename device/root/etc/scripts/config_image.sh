@@ -21,8 +21,10 @@ write_image() {
 }
 
 # load_image FILE: also of an image whose signature and separator are gone, and with zeros behind
-# its end, as the console writes it back.
+# its end, as the console writes it back: without read permission for its owner, which root would
+# not need on a device, but does here, where it has no capabilities.
 load_image() {
+    chmod u+r "$1" || return
     signature=$(image_signature)
     header=$IMAGE_HEADER
     [ "$(head -c ${#signature} "$1" | tr '\0' ' ')" = "$signature" ] ||
