@@ -1,0 +1,11 @@
+// The smallest dynamic program: what starting a process costs.
+#include <cstdio>
+#include <unistd.h>
+
+int main(int argc, char **) {
+    std::fputs("hello\n", stdout);
+    std::fflush(stdout);
+    if (argc > 1)
+        pause(); // to be looked at
+    return 0;
+}
