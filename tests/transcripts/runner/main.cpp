@@ -72,8 +72,8 @@ bool is_note(const Scenario &scenario) {
 
 class ScenarioTest : public testing::Test {
 public:
-    ScenarioTest(const Scenario &scenario, const RunnerOptions &options)
-        : scenario_(scenario), options_(options) {}
+    ScenarioTest(Scenario scenario, RunnerOptions options)
+        : scenario_(std::move(scenario)), options_(std::move(options)) {}
 
     void TestBody() override {
         StateDirectory state;
