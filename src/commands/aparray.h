@@ -1,7 +1,90 @@
+// Membership of an access-point array, and which settings the array keeps in step.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/array_sync_rows.h"
+#include "commands/fixed_value.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> aparray_set_rows{};
+// Echoes the name, also one that it then refuses.
+int set_array_name(CliContext &cli, const char *word, CliCommand *subtable);
+int set_array_password(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> aparray_get_rows{};
+// Shows the role that is configured and the one that is run.
+int get_array_role(CliContext &cli, const char *word, CliCommand *subtable);
+
+// The flag of the item that the row names.
+int enable_array_sync(CliContext &cli, const char *word, CliCommand *subtable);
+int disable_array_sync(CliContext &cli, const char *word, CliCommand *subtable);
+int get_array_sync(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto aparray_state_rows = command_table({
+    {"enable", "enable arraystate",
+     write_fixed<"/wlan/inf:1/aparray_enable", "1", APPLY_NEAPC, "Ap Array State: Enable\n">},
+    {"disable", "disable arraystate",
+     write_fixed<"/wlan/inf:1/aparray_enable", "0", APPLY_NEAPC, "Ap Array State: Disable\n">},
+});
+
+inline constinit auto array_role_rows = command_table({
+    {"Master", "arrayrole is Master",
+     write_fixed<"/wlan/inf:1/arrayrole_original", "1", APPLY_NEAPC, "Ap Array role: Master\n">},
+    {"BackupMaster", "arrayrole is Backup Master",
+     write_fixed<"/wlan/inf:1/arrayrole_original", "2", APPLY_NEAPC,
+                 "Ap Array role:Backup Master\n">},
+    {"Slaver", "arrayrole is Slaver",
+     write_fixed<"/wlan/inf:1/arrayrole_original", "3", APPLY_NEAPC, "Ap Array role: Slaver\n">},
+});
+
+inline constinit auto array_sync_enable_rows =
+    join_rows(array_sync_rows(SYNC_WORDS, SYNC_ENABLE_HELP, enable_array_sync));
+
+inline constinit auto array_sync_disable_rows =
+    join_rows(array_sync_rows(SYNC_WORDS, SYNC_DISABLE_HELP, disable_array_sync));
+
+inline constexpr auto aparray_set_rows = command_rows({
+    {"aparray-state", "Set  AP Array state", dispatch_subtable, aparray_state_rows.data()},
+    {"arrayname", "Set AP Array arrayname", set_array_name},
+    {"arraypassword", "Set  AP Array password", set_array_password},
+    {"arrayrole", "Set AP Array role[master:1, backup master:2, slaver:3]", dispatch_subtable,
+     array_role_rows.data()},
+    {"array_syncnode_enable", "set array_syncnode enable", dispatch_subtable,
+     array_sync_enable_rows.data()},
+    {"array_syncnode_disable", "set array_syncnode disable", dispatch_subtable,
+     array_sync_disable_rows.data()},
+});
+
+// The name's buffer is smaller than the others.
+inline constexpr std::size_t ARRAY_NAME_READ_LIMIT = 63;
+
+inline constexpr CliHandler *show_array_password =
+    show_text<"/wlan/inf:1/aparray_password", "AP array password: %s\n">;
+
+inline constexpr auto array_get_rows = command_rows({
+    {"aparray-state", "Display AP Array state",
+     show_switch<"/wlan/inf:1/aparray_enable", "AP array status is %s\n", CANT_ALLOC_MEMORY>},
+    {"arrayname", "Display AP Array arrayname",
+     show_text<"/wlan/inf:1/arrayname", "AP array arrayname:%s\n", ARRAY_NAME_READ_LIMIT>},
+    {"arrayrole", "Display AP Array role[master:1, backup master:2, slaver:3]", get_array_role},
+    {"arraypassword", "Display AP Array password", show_array_password},
+    {"arraycfg", "Display AP Array config version",
+     show_text<"/wlan/inf:1/aparray_cfg_version", "AP array cfg verion: %s\n">, nullptr,
+     HIDDEN_TAG},
+    // Shows the password and no table. Meant so.
+    {"arraytable", "Display AP Array table info.", show_array_password, nullptr, HIDDEN_TAG},
+});
+
+inline constexpr auto array_sync_get_rows =
+    array_sync_rows(SYNC_GET_NAMES, SYNC_GET_HELP, get_array_sync);
+
+// The band's flag is only shown: no item stands behind it.
+inline constexpr CliCommand ARRAY_SYNC_BAND_ROW = {
+    "array-sync-band", "Display AP Array sync band state",
+    show_switch<"/aparray/sync/band", "AP Array sync band status is %s\n", CANT_ALLOC_MEMORY>};
+
+inline constexpr auto aparray_get_rows = [] {
+    std::array<CliCommand, array_get_rows.size() + array_sync_get_rows.size() + 1> rows{};
+    const auto items = std::copy(array_get_rows.begin(), array_get_rows.end(), rows.begin());
+    std::copy(array_sync_get_rows.begin(), array_sync_get_rows.end(), items);
+    rows.back() = ARRAY_SYNC_BAND_ROW;
+    return rows;
+}();
