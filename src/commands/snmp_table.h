@@ -1,0 +1,126 @@
+// The tables of the SNMP agent, and what the commands on users, groups, views, hosts and
+// communities do alike.
+#pragma once
+
+#include "config/node_access.h"
+
+#include <array>
+#include <cstddef>
+#include <initializer_list>
+#include <span>
+
+// A table below "/sys/snmpd": rows numbered from 1 with a node for each column. A row is in use
+// while its name is not empty. The database keeps the rows dense, so the first empty row is the
+// end of the table, and the place of the next row.
+struct SnmpTable {
+    int capacity;
+    std::span<const char *const> columns; // the name's first
+    const char *entry;                    // "User", as in "User has been deleted successfully"
+    const char *existing;                 // "username", as in "The username 'x' existed."
+    const char *full;                     // the line that refuses a row too many
+    const char *wanted = nullptr;         // "host", as in "The host 'x' is not found",
+    const char *missing = nullptr;        // and what follows the name there
+};
+
+extern const SnmpTable SNMP_USERS;
+extern const SnmpTable SNMP_GROUPS;
+extern const SnmpTable SNMP_VIEWS;
+extern const SnmpTable SNMP_HOSTS;
+extern const SnmpTable SNMP_COMMUNITIES;
+
+// Names of groups, views and communities have at most so many characters.
+inline constexpr int SNMP_NAME_LIMIT = 32;
+
+// A value of a row, read whole.
+inline constexpr std::size_t SNMP_TEXT_LIMIT = 128;
+using SnmpText = ShortValue<SNMP_TEXT_LIMIT>;
+
+// A value as the commands on users, groups and views read it: one character short of the longest
+// name, so that a row with such a name can be added but never found. Meant so.
+inline constexpr std::size_t CUT_SNMP_TEXT_LIMIT = SNMP_NAME_LIMIT - 1;
+using CutSnmpText = ShortValue<CUT_SNMP_TEXT_LIMIT>;
+
+// Reads one node of a row, as cfg_get does.
+int read_snmp_cell(ReadTarget value, const char *column, int row);
+
+// What a walk down a table met first.
+enum class SnmpScan {
+    Found,      // a row of the name
+    Empty,      // an empty row
+    Full,       // neither
+    Unreadable, // a name that could not be read, which was reported
+};
+
+struct SnmpPlace {
+    SnmpScan end;
+    int row;
+};
+
+// Walks the rows from `first` on up to the one that bears exactly `name` or to the first empty
+// one. `value` is where the names are read.
+SnmpPlace find_snmp_row(const SnmpTable &table, ReadTarget value, const char *name, int first = 1);
+
+// Tells that the name, stored as `stored`, is taken.
+void report_existing_snmp_row(const SnmpTable &table, const char *stored, const char *name);
+
+// The number of the first empty row, for a new row `name`. 0 when a name could not be read, and,
+// after saying so, when the name is taken or the table full.
+int new_snmp_row(const SnmpTable &table, ReadTarget value, const char *name);
+
+struct SnmpCell {
+    const char *column;
+    const char *value;
+};
+
+// Writes the nodes of a row in the given order.
+void write_snmp_row(int row, std::initializer_list<SnmpCell> cells);
+
+// Closes a change: saves the configuration, marks the agent for a restart and prints the message
+// as a line. Returns CLI_DONE.
+int finish_snmp_change(const char *message);
+
+// Deletes the row `name` on a connection of its own, whatever the database answers, and closes the
+// change. Returns CLI_DONE; or CLI_REFUSED when a name could not be read, there is no such
+// row, or no connection, after saying the latter two.
+int delete_snmp_row(const SnmpTable &table, ReadTarget value, const char *name);
+
+// Deletes all rows `name`, if there are any, and closes the change. Returns CLI_DONE; or
+// CLI_REFUSED when a name could not be read, or after saying that the database does not answer.
+int delete_all_snmp_rows(const SnmpTable &table, ReadTarget value, const char *name);
+
+// A column of a listing; at most `limit` characters of it are read.
+struct SnmpColumn {
+    const char *name;
+    std::size_t limit = SNMP_TEXT_LIMIT;
+};
+
+// The values of one row, in the order of the columns that were asked for.
+class SnmpRow {
+public:
+    static constexpr std::size_t MAX_COLUMNS = 5;
+
+    // Reads the row. False when a node could not be read, which was reported.
+    bool read(std::span<const SnmpColumn> columns, int row);
+
+    const char *operator[](std::size_t column) const { return values_[column].text(); }
+
+private:
+    std::array<SnmpText, MAX_COLUMNS> values_;
+};
+
+// Does something with a row; false ends the walk.
+using SnmpRowVisit = bool(const SnmpRow &row);
+
+// Reads the columns, the name's first, of every row in use and visits it. Returns how many rows
+// there were; or -1 when one could not be read or a visit ended the walk.
+int for_each_snmp_row(const SnmpTable &table, std::span<const SnmpColumn> columns,
+                      SnmpRowVisit *visit);
+
+// True when the table has rows. Otherwise prints `message` as a line, unless the first name could
+// not be read.
+bool has_snmp_rows(const SnmpTable &table, const char *message);
+
+// Prints the rows with `print` and then their number plus `others`. Returns CLI_DONE; or
+// CLI_REFUSED, without the number, where for_each_snmp_row returns -1.
+int list_snmp_rows(const SnmpTable &table, std::span<const SnmpColumn> columns, SnmpRowVisit *print,
+                   int others = 0);

@@ -1,0 +1,372 @@
+#include "commands/snmp_usm.h"
+
+#include "commands/fixed_value.h"
+#include "commands/snmp_table.h"
+#include "config/unique_fd.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+#include <cstring>
+#include <fcntl.h>
+
+namespace {
+
+enum AuthProtocol : std::int32_t { AUTH_NONE = 1, AUTH_MD5, AUTH_SHA };
+enum PrivProtocol : std::int32_t { PRIV_NONE = 1, PRIV_DES };
+enum SecurityLevel : std::int32_t { LEVEL_NOAUTH = 1, LEVEL_AUTH, LEVEL_PRIV };
+enum ViewType : std::int32_t { VIEW_INCLUDED = 1, VIEW_EXCLUDED, VIEW_UNTYPED };
+
+constexpr int USER_NAME_LIMIT = 31;
+constexpr int OID_LIMIT = 128;
+constexpr std::size_t KEY_MINIMUM = 8;
+constexpr std::size_t AUTH_KEY_LIMIT = 20;
+constexpr std::size_t PRIV_KEY_LIMIT = 16;
+
+bool exceeds(const char *text, int limit) {
+    return std::strlen(text) > static_cast<std::size_t>(limit);
+}
+
+bool is_between(std::int32_t number, std::int32_t low, std::int32_t high) {
+    return number >= low && number <= high;
+}
+
+bool is_key(const char *word, std::size_t limit) {
+    const std::size_t length = std::strlen(word);
+    return length >= KEY_MINIMUM && length <= limit;
+}
+
+bool repeats_one_character(const char *key) {
+    for (const char *at = key; *at != '\0'; ++at) {
+        if (*at != *key)
+            return false;
+    }
+    return true;
+}
+
+// The words of `snmp adduser`.
+struct NewUser {
+    const char *name;
+    const char *group;
+    const char *auth_word;
+    const char *auth_key;
+    const char *priv_word;
+    const char *priv_key;
+    std::int32_t auth = 0;
+    std::int32_t priv = 0;
+};
+
+int check_names(const NewUser &user) {
+    if (exceeds(user.name, USER_NAME_LIMIT))
+        return refuse("\n Username is over than %d characters!\n", USER_NAME_LIMIT);
+    if (exceeds(user.group, USER_NAME_LIMIT))
+        return refuse("\n UserGroup is over than %d characters!\n", USER_NAME_LIMIT);
+    return CLI_DONE;
+}
+
+int check_protocols(NewUser &user) {
+    if (int_parse_blank(user.auth_word, user.auth) == 0 ||
+        !is_between(user.auth, AUTH_NONE, AUTH_SHA))
+        return refuse("\n Auth Type must be a number within 1-3\n");
+    if (user.auth != AUTH_NONE && !is_key(user.auth_key, AUTH_KEY_LIMIT))
+        return refuse("\n Auth key must be in the length of 8-20 characters!\n");
+    if (int_parse_blank(user.priv_word, user.priv) == 0 ||
+        !is_between(user.priv, PRIV_NONE, PRIV_DES))
+        return refuse("\n Priv Type must be a number within 1-2\n");
+    if (user.priv != PRIV_NONE && !is_key(user.priv_key, PRIV_KEY_LIMIT))
+        return refuse("\n Priv key must be in the length of 8-16 characters!\n");
+    if (user.auth == AUTH_NONE && user.priv == PRIV_DES)
+        return refuse("\n No Auth selected and Priv must be none!\n");
+    return CLI_DONE;
+}
+
+// Also asked of the keys of protocols that are off.
+int check_keys(const NewUser &user) {
+    if (repeats_one_character(user.auth_key))
+        return refuse("\nAuth key can't use the same character!\n");
+    if (repeats_one_character(user.priv_key))
+        return refuse("\nPriv key can't use the same character!\n");
+    return CLI_DONE;
+}
+
+// The group must exist, else the refusal is silent, and ask for no more than the user has. Its
+// level is compared as a number although add_snmp_group stores a word, so only a level that
+// something else wrote asks for anything. Meant so.
+int check_group(const NewUser &user) {
+    CutSnmpText value;
+    const SnmpPlace group = find_snmp_row(SNMP_GROUPS, value, user.group);
+    if (group.end != SnmpScan::Found || read_snmp_cell(value, "seculevel", group.row) != 0)
+        return CLI_REFUSED;
+    if (value.number() == LEVEL_AUTH && user.auth == AUTH_NONE)
+        return refuse("\nAdd rejected, group is auth required and no priv needed!\n");
+    if (value.number() == LEVEL_PRIV && (user.auth == AUTH_NONE || user.priv == PRIV_NONE))
+        return refuse("\nAdd rejected, group is both auth and priv required!\n");
+    return CLI_DONE;
+}
+
+void write_user(int row, const NewUser &user) {
+    write_snmp_row(row, {{"secuname", user.name}, {"mapgroup", user.group}});
+    if (user.auth == AUTH_NONE) {
+        // In an order of its own; the keys that were typed are dropped.
+        write_snmp_row(row, {{"authprotocol", "none"},
+                             {"privprotocol", "none"},
+                             {"authkey", "none"},
+                             {"privkey", "none"}});
+        return;
+    }
+    const bool des = user.priv == PRIV_DES;
+    write_snmp_row(row, {{"authprotocol", user.auth == AUTH_MD5 ? "MD5" : "SHA"},
+                         {"authkey", user.auth_key},
+                         {"privprotocol", des ? "DES" : "none"},
+                         {"privkey", des ? user.priv_key : "none"}});
+}
+
+const char *security_level_name(std::int32_t level) {
+    switch (level) {
+    case LEVEL_NOAUTH:
+        return "noauth";
+    case LEVEL_AUTH:
+        return "auth";
+    default:
+        return "priv";
+    }
+}
+
+// The views of a group as its commands' words and messages call them.
+constexpr const char *GROUP_VIEWS[] = {"ReadView", "WriteView", "NotifyView"};
+constexpr int FIRST_VIEW_WORD = 2;
+
+int check_view_lengths(const CliContext &cli) {
+    int word = FIRST_VIEW_WORD;
+    for (const char *view : GROUP_VIEWS) {
+        if (exceeds(arg_peek(cli, word++), SNMP_NAME_LIMIT))
+            return refuse("\n%s name can't exceed %d characters!!\n", view, SNMP_NAME_LIMIT);
+    }
+    return CLI_DONE;
+}
+
+bool has_views(const CliContext &cli) {
+    int word = FIRST_VIEW_WORD;
+    for (const char *view : GROUP_VIEWS) {
+        CutSnmpText value;
+        const SnmpPlace place = find_snmp_row(SNMP_VIEWS, value, arg_peek(cli, word++));
+        if (place.end == SnmpScan::Found)
+            continue;
+        if (place.end != SnmpScan::Unreadable)
+            cli_printf("\n%s doesn't exist!!\n", view);
+        return false;
+    }
+    return true;
+}
+
+// The first empty row of the view table, 0 for none. A name that is there already is only told.
+int new_view_row(const char *name) {
+    CutSnmpText value;
+    SnmpPlace place = find_snmp_row(SNMP_VIEWS, value, name);
+    while (place.end == SnmpScan::Found) {
+        report_existing_snmp_row(SNMP_VIEWS, value.text(), name);
+        place = find_snmp_row(SNMP_VIEWS, value, name, place.row + 1);
+    }
+    if (place.end == SnmpScan::Full)
+        cli_printf("%s\n", SNMP_VIEWS.full);
+    return place.end == SnmpScan::Empty ? place.row : 0;
+}
+
+bool print_user(const SnmpRow &row) {
+    cli_printf("\n\r %-15s %-15s %-12s %-13s %s\n\n", row[0], row[1], "v3", row[2], row[3]);
+    return true;
+}
+
+bool print_group(const SnmpRow &row) {
+    cli_printf("\n\r %-10s %-15s %-15s %-15s  %-2s  %-13s", row[0], row[1], row[2], row[3], "v3",
+               row[4]);
+    return true;
+}
+
+bool print_view(const SnmpRow &row) {
+    cli_printf("\n %-20s %-25s %s", row[0], row[1], row[2]);
+    return true;
+}
+
+// False when the agent's status cannot be read, or its file cannot be opened although it runs.
+bool show_engine_id(ValueBuffer &text) {
+    CutSnmpText status;
+    if (cfg_get(status, "/sys/snmpd/status") != 0)
+        return false;
+    if (status.number() != 1) {
+        print_lines({"\nSNMP Agent Status is Suspended.", "EngineID is invalid"});
+        return true;
+    }
+    const char *engine_id = read_engine_id("/var/net-snmp/snmpd.conf", text);
+    if (engine_id == nullptr) {
+        // With a full stop, unlike above. Meant so.
+        print_lines({"\nSNMP Agent Status is Suspended.", "EngineID is invalid."});
+        return false;
+    }
+    cli_printf("\n\r%s\n", engine_id);
+    return true;
+}
+
+} // namespace
+
+int add_snmp_user(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 6)
+        return refuse("\nsnmp adduser        < UserName<string> GroupName<string>\n"
+                      "                      AuthProtocol<1/2/3>(1:none/2:MD5/3:SHA)\n"
+                      "                      AuthKey<string>(Keys/none)\n"
+                      "                      PrivProtocol<1/2>(1:none/2:DES)\n"
+                      "                      PrivKey<string>(Keys/none) >\n");
+    NewUser user = {arg_peek(cli, 0), arg_peek(cli, 1), arg_peek(cli, 2),
+                    arg_peek(cli, 3), arg_peek(cli, 4), arg_peek(cli, 5)};
+    if (check_names(user) != CLI_DONE || check_protocols(user) != CLI_DONE ||
+        check_keys(user) != CLI_DONE)
+        return CLI_REFUSED;
+    CutSnmpText value;
+    const int row = new_snmp_row(SNMP_USERS, value, user.name);
+    if (row == 0 || check_group(user) != CLI_DONE)
+        return CLI_REFUSED;
+    write_user(row, user);
+    return finish_snmp_change("\n Add user successfully!");
+}
+
+int add_snmp_group(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 5)
+        return refuse("\nsnmp addgroup       < GroupName<string>\n"
+                      "                      Security Level<1/2/3>\n"
+                      "                      (1:noauth_nopriv/2:auth_nopriv/3:auth_priv)\n"
+                      "                      ReadView<string>(none:NULL) "
+                      "WriteView<string>(none:NULL)\n"
+                      "                      NotifyView<string>(none:NULL) >\n");
+    const char *name = arg_peek(cli, 0);
+    if (exceeds(name, SNMP_NAME_LIMIT))
+        return refuse("\nGroup name exceeds %d characters!!\n", SNMP_NAME_LIMIT);
+    std::int32_t level = 0;
+    if (int_parse_blank(arg_peek(cli, 1), level) == 0)
+        return refuse("\nSelect Auth and Priv with a digit!!\n");
+    if (!is_between(level, LEVEL_NOAUTH, LEVEL_PRIV))
+        return refuse("\nSelect Auth and Priv with a digit between 1-3!!\n");
+    if (check_view_lengths(cli) != CLI_DONE)
+        return CLI_REFUSED;
+    CutSnmpText value;
+    // No failure, though nothing is written. Meant so.
+    const int row = has_views(cli) ? new_snmp_row(SNMP_GROUPS, value, name) : 0;
+    if (row == 0)
+        return CLI_DONE;
+    write_snmp_row(row, {{"groupname", name},
+                         {"seculevel", security_level_name(level)},
+                         {"readview", arg_peek(cli, FIRST_VIEW_WORD)},
+                         {"writeview", arg_peek(cli, FIRST_VIEW_WORD + 1)},
+                         {"notifyview", arg_peek(cli, FIRST_VIEW_WORD + 2)}});
+    return finish_snmp_change("\nGroup has created successfully");
+}
+
+int add_snmp_view(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 3)
+        return refuse("\nsnmp addview        < ViewName<string> OID<string>\n"
+                      "                      Type<1/2>(1:Included/2:Excluded) >\n");
+    const char *name = arg_peek(cli, 0);
+    const char *oid = arg_peek(cli, 1);
+    if (exceeds(name, SNMP_NAME_LIMIT))
+        return refuse("\nView Name exceeds %d characters!\n", SNMP_NAME_LIMIT);
+    if (exceeds(oid, OID_LIMIT))
+        return refuse("\nOID exceeds %d characters!\n", OID_LIMIT);
+    std::int32_t type = 0;
+    if (int_parse_blank(arg_peek(cli, 2), type) == 0)
+        return refuse("\nViewType must be a digital!\n");
+    if (!is_between(type, VIEW_INCLUDED, VIEW_UNTYPED))
+        return refuse("\nViewType must be a digital in the length of 1-3!\n");
+    const int row = new_view_row(name);
+    if (row == 0)
+        return CLI_REFUSED;
+    write_snmp_row(row, {{"viewname", name}, {"oid", oid}});
+    // Type 3 passes the checks, and leaves a row without a type. Meant so.
+    if (type == VIEW_UNTYPED)
+        return CLI_REFUSED;
+    write_snmp_row(row, {{"viewtype", type == VIEW_INCLUDED ? "included" : "excluded"}});
+    return finish_snmp_change("\nThe specified view is added!");
+}
+
+int delete_snmp_user(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 1)
+        return refuse("\nsnmp deluser        < UserName<string> >\n");
+    CutSnmpText value;
+    return delete_snmp_row(SNMP_USERS, value, arg_peek(cli, 0));
+}
+
+int delete_snmp_group(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 1)
+        return refuse("\nsnmp delgroup       < GroupName<string> >\n");
+    CutSnmpText value;
+    return delete_snmp_row(SNMP_GROUPS, value, arg_peek(cli, 0));
+}
+
+int delete_snmp_view(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 1)
+        return refuse("\nsnmp delview        < ViewName<string> >\n");
+    CutSnmpText value;
+    return delete_all_snmp_rows(SNMP_VIEWS, value, arg_peek(cli, 0));
+}
+
+int show_snmp_users(CliContext &, const char *, CliCommand *) {
+    static constexpr std::size_t PROTOCOL_LIMIT = 7;
+    static constexpr SnmpColumn COLUMNS[] = {
+        {"secuname", CUT_SNMP_TEXT_LIMIT},
+        {"mapgroup", CUT_SNMP_TEXT_LIMIT},
+        {"authprotocol", PROTOCOL_LIMIT},
+        {"privprotocol", PROTOCOL_LIMIT},
+    };
+    ValueBuffer engine_id(ENGINE_ID_LIMIT);
+    if (!engine_id)
+        return refuse(NO_ENOUGH_MEMORY);
+    if (!has_snmp_rows(SNMP_USERS, "\nThe User Table is empty!! ") || !show_engine_id(engine_id))
+        return CLI_REFUSED;
+    cli_printf("\n\r Username        Group Name      SNMP Version Auth-Protocol Priv-Protocol"
+               "\n\r --------------- --------------- ------------ ------------- -------------");
+    return list_snmp_rows(SNMP_USERS, COLUMNS, print_user);
+}
+
+int show_snmp_groups(CliContext &, const char *, CliCommand *) {
+    static constexpr SnmpColumn COLUMNS[] = {
+        {"groupname", CUT_SNMP_TEXT_LIMIT}, {"readview", CUT_SNMP_TEXT_LIMIT},
+        {"writeview", CUT_SNMP_TEXT_LIMIT}, {"notifyview", CUT_SNMP_TEXT_LIMIT},
+        {"seculevel", CUT_SNMP_TEXT_LIMIT},
+    };
+    if (!has_snmp_rows(SNMP_GROUPS, "\nThe Group Table is empty!! "))
+        return CLI_REFUSED;
+    cli_printf(
+        "\n\r SNMP Group Settings\n"
+        "\n\r Group Name ReadView Name   WriteView Name  NotifyView Name SNMP   Security   "
+        "\n\r ---------- --------------- --------------- --------------- ---- -------------");
+    return list_snmp_rows(SNMP_GROUPS, COLUMNS, print_group);
+}
+
+int show_snmp_views(CliContext &, const char *, CliCommand *) {
+    static constexpr SnmpColumn COLUMNS[] = {
+        {"viewname", CUT_SNMP_TEXT_LIMIT},
+        {"oid", CUT_SNMP_TEXT_LIMIT},
+        {"viewtype", CUT_SNMP_TEXT_LIMIT},
+    };
+    if (!has_snmp_rows(SNMP_VIEWS, "\nVacm View Table is empty!! "))
+        return CLI_REFUSED;
+    cli_printf("\n Vacm View Table Settings"
+               "\n View Name            Subtree                   View Type "
+               "\n -------------------- ------------------------- ----------");
+    return list_snmp_rows(SNMP_VIEWS, COLUMNS, print_view);
+}
+
+const char *read_engine_id(const char *file, ValueBuffer &text) {
+    // Where the agent writes it, behind what else it keeps.
+    static constexpr off_t OFFSET = 618;
+    const UniqueFd descriptor(open(file, O_RDONLY | O_CLOEXEC));
+    if (!descriptor)
+        return nullptr;
+    std::size_t length = 0;
+    while (length < text.limit()) {
+        const ssize_t got = pread(descriptor.get(), text.data() + length, text.limit() - length,
+                                  OFFSET + static_cast<off_t>(length));
+        if (got <= 0)
+            break;
+        length += static_cast<std::size_t>(got);
+    }
+    const char *engine_id = std::strstr(text.text(), "EngineID");
+    return engine_id != nullptr ? engine_id : "";
+}
