@@ -1,5 +1,39 @@
+// The SNMP agent's run state, and its traps: whether they are sent, where to, in which version.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "config/apply.h"
 
-inline constexpr std::array<CliCommand, 0> snmp_trap_snmp_rows{};
+int set_snmp_trap(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Without a word deletes the trap server, and then complains about the missing word.
+int set_snmp_trap_server(CliContext &cli, const char *word, CliCommand *subtable);
+
+int set_snmp_trap_version(CliContext &cli, const char *word, CliCommand *subtable);
+int show_snmp_trap(CliContext &cli, const char *word, CliCommand *subtable);
+int show_snmp_trap_server(CliContext &cli, const char *word, CliCommand *subtable);
+int show_snmp_trap_version(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Writes the node of set_snmp_trap, and saves it at once.
+int set_snmp_auth_trap(CliContext &cli, const char *word, CliCommand *subtable);
+
+const char *snmp_agent_state_name(int number);
+
+inline constexpr auto snmp_trap_snmp_rows = command_rows({
+    {"status", "Display SNMP agent status",
+     show_name<"/sys/snmpd/status", "SNMP Agent Status: %s.\n", snmp_agent_state_name,
+               NO_ENOUGH_MEMORY>},
+    {"suspend", "Suspend SNMP agent",
+     write_fixed<"/sys/snmpd/status", "0", APPLY_SNMP,
+                 "SNMP Agent Status: Suspended.\nPlease set apply to take effect\n">},
+    {"resume", "Resume SNMP agent",
+     write_fixed<"/sys/snmpd/status", "1", APPLY_SNMP,
+                 "SNMP Agent Status: Resume.\nPlease set apply to take effect\n">},
+    {"settrap", "Set SNMP trap status", set_snmp_trap},
+    {"settrapServerIp", "Set SNMP trap server ip", set_snmp_trap_server},
+    {"settrapVersion", "Set SNMP trap version", set_snmp_trap_version},
+    {"showtrap", "Display SNMP trap status", show_snmp_trap},
+    {"showtrapServerIp", "Display SNMP trap server ip", show_snmp_trap_server},
+    {"showtrapVersion", "Display SNMP trap version", show_snmp_trap_version},
+    {"authtrap", "Set SNMP authentication trap", set_snmp_auth_trap, nullptr, DEBUG_TAG},
+});

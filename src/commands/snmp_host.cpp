@@ -1,0 +1,182 @@
+#include "commands/snmp_host.h"
+
+#include "commands/snmp_table.h"
+#include "config/host_command.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+#include <cstring>
+
+namespace {
+
+enum SnmpVersion : std::int32_t { SNMP_V1 = 1, SNMP_V2C, SNMP_V3 };
+enum AuthType : std::int32_t { AUTH_COMMUNITY, AUTH_NOAUTH_NOPRIV, AUTH_NOPRIV, AUTH_PRIV };
+
+constexpr SnmpColumn HOST_ADDRESS = {"hostip"};
+constexpr SnmpColumn HOST_COMMUNITY = {"commorun"};
+
+// The words of `snmp addhost`.
+struct NewHost {
+    const char *address;
+    const char *version_word;
+    const char *auth_word;
+    const char *community; // or, for version 3, the user
+    std::int32_t version = 0;
+    std::int32_t auth = 0;
+};
+
+bool is_address(const char *word) {
+    std::array<std::uint8_t, 4> address{};
+    return ipv4_parse_blank(word, address) == 1;
+}
+
+int check_words(NewHost &host) {
+    if (!is_address(host.address))
+        return refuse("\nPlease input correct IP address!\n");
+    if (int_parse_blank(host.version_word, host.version) == 0)
+        return refuse("\nSnmpType is a number!\n");
+    if (host.version < SNMP_V1 || host.version > SNMP_V3)
+        return refuse("\nSnmpType is a number between 1-3!\n");
+    if (int_parse_blank(host.auth_word, host.auth) == 0)
+        return refuse("\nAuthType is a number!\n");
+    if (host.auth > AUTH_PRIV) // no lower bound
+        return refuse("\nAuthType is a number between 0-3!!\n");
+    if (std::strlen(host.community) > std::size_t{SNMP_NAME_LIMIT})
+        return refuse("\nAuthString exceeds %d characters!!\n", SNMP_NAME_LIMIT);
+    if (host.version != SNMP_V3 && host.auth >= AUTH_NOAUTH_NOPRIV)
+        return refuse("\nSNMP v1 and v2c don't support Auth and Priv!!\n");
+    if (host.version == SNMP_V3 && host.auth == AUTH_COMMUNITY)
+        return refuse("\nSNMP v3 support AuthType 1-3\t!!\n");
+    return CLI_DONE;
+}
+
+bool is_fixed_community(const char *node, const char *name) {
+    SnmpText community;
+    cfg_get(community, "%s", node);
+    return std::strcmp(community.text(), name) == 0;
+}
+
+int check_community(const NewHost &host) {
+    SnmpText value;
+    const SnmpScan end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).end;
+    if (end == SnmpScan::Unreadable)
+        return CLI_REFUSED;
+    if (end == SnmpScan::Found || is_fixed_community("/sys/snmpd/rwcomm", host.community) ||
+        is_fixed_community("/sys/snmpd/rocomm", host.community))
+        return CLI_DONE;
+    return refuse("\n The community doesn't exist !\n");
+}
+
+// True when a user's protocol is off: below 2. The node holds a word, whose value is 0, so it
+// always seems off. Meant so.
+bool seems_off(const char *column, int row) {
+    SnmpText protocol;
+    read_snmp_cell(protocol, column, row);
+    return protocol.number() < 2;
+}
+
+// Accepts exactly the users that do not exist, and refuses the others for reasons of all kinds.
+// Meant so.
+int check_user(const NewHost &host) {
+    SnmpText value;
+    const SnmpPlace user = find_snmp_row(SNMP_USERS, value, host.community);
+    if (user.end == SnmpScan::Unreadable)
+        return CLI_REFUSED;
+    if (user.end != SnmpScan::Found)
+        return CLI_DONE;
+    const bool no_auth = host.auth >= AUTH_NOPRIV && seems_off("authprotocol", user.row);
+    if (no_auth && host.auth == AUTH_NOPRIV)
+        return refuse("\n The specified user does seting AuthProtocol!\n");
+    if (no_auth)
+        return refuse("\n The specified user does not set authentication protocol!\n");
+    if (host.auth == AUTH_PRIV && seems_off("privprotocol", user.row))
+        return refuse("\n The specified user does not set privacy protocol!\n");
+    return refuse("\n The user doesn't exist !\n");
+}
+
+bool print_host(const SnmpRow &row) {
+    cli_printf("\n %-15s v%-18s %s", row[0], row[1], row[2]);
+    return true;
+}
+
+bool send_trap(const SnmpRow &row) {
+    const ShellWord host(row[0]);
+    const ShellWord community(row[2]);
+    switch (decimal_value(row[1])) {
+    case SNMP_V1:
+        run_command("snmptrap -v 1 -c %s %s \"\" \"\" 1 0  \"\" ", community, host);
+        break;
+    case SNMP_V2C:
+        run_command("snmptrap -v 2c -c %s %s \"\" .1.3.6.1.6.3.1.1.5.2", community, host);
+        break;
+    case SNMP_V3:
+        cli_printf("\nIt doesn't support v3 now!!\n");
+        break;
+    default:
+        break;
+    }
+    return true;
+}
+
+} // namespace
+
+int add_snmp_host(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 4)
+        return refuse("\nsnmp addhost        < TrapHostIP<string> "
+                      "SnmpType<1/2/3>(1:v1/2:v2c/3:v3)\n"
+                      "                      AuthType<0/1/2/3>\n"
+                      "                      (0:v1,v2c/1:v3,noauth_nopriv/2:v3,auth_nopriv\n"
+                      "                      /3:v3,auth_priv)\n"
+                      "                      AuthString<string>"
+                      "(CommunityString:v1,v2c/UserName:v3) >\n");
+    NewHost host = {arg_peek(cli, 0), arg_peek(cli, 1), arg_peek(cli, 2), arg_peek(cli, 3)};
+    if (check_words(host) != CLI_DONE)
+        return CLI_REFUSED;
+    SnmpText value;
+    const int row = new_snmp_row(SNMP_HOSTS, value, host.address);
+    if (row == 0 ||
+        (host.version == SNMP_V3 ? check_user(host) : check_community(host)) != CLI_DONE)
+        return CLI_REFUSED;
+    write_snmp_row(row, {{"hostip", host.address}, {"secumodel", host.version_word}});
+    cfg_set(host.community, "/sys/snmpd/rocomm"); // also a user's name. Meant so.
+    write_snmp_row(row, {{"commorun", host.community}});
+    return finish_snmp_change("\nAdd host successfully");
+}
+
+int delete_snmp_host(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 1)
+        return refuse("\nsnmp delhost        < TrapHostIP<string> >\n");
+    const char *address = arg_peek(cli, 0);
+    if (!is_address(address))
+        return refuse("\nPlease input correct IP address!\n");
+    ShortValue<20> value;
+    return delete_snmp_row(SNMP_HOSTS, value, address);
+}
+
+int show_snmp_hosts(CliContext &, const char *, CliCommand *) {
+    static constexpr SnmpColumn COLUMNS[] = {HOST_ADDRESS, {"secumodel", 3}, HOST_COMMUNITY};
+    if (!has_snmp_rows(SNMP_HOSTS, "\n SNMP Host Table is empty !"))
+        return CLI_REFUSED;
+    cli_printf("\n SNMP Host Table"
+               "\n Host IP Address SNMP Version       Community Name / SNMPv3 User Name"
+               "\n --------------- ------------------ ---------------------------------");
+    if (list_snmp_rows(SNMP_HOSTS, COLUMNS, print_host) != CLI_DONE)
+        return CLI_REFUSED;
+    cli_printf("We only support one host for now,and the last host is effective.\n");
+    return CLI_DONE;
+}
+
+int send_snmp_trap(CliContext &, const char *, CliCommand *) {
+    static constexpr SnmpColumn COLUMNS[] = {HOST_ADDRESS, {"secumodel"}, HOST_COMMUNITY};
+    if (!has_snmp_rows(SNMP_HOSTS, "\nThe Host table is empty!! "))
+        return CLI_REFUSED;
+    if (cfg_number("/sys/snmpd/status") == 0) {
+        cli_printf("\nSNMP Agent is suspended. Trap can't be sent out.\n");
+        return CLI_DONE;
+    }
+    if (cfg_number("/sys/snmptrap/status") == 0) {
+        cli_printf("\nSNMP Trap Status is suspended. Trap can't be sent out.\n");
+        return CLI_DONE;
+    }
+    return for_each_snmp_row(SNMP_HOSTS, COLUMNS, send_trap) < 0 ? CLI_REFUSED : CLI_DONE;
+}

@@ -1,0 +1,118 @@
+#include "commands/snmp_trap.h"
+
+#include "commands/snmp_table.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+#include <cstring>
+
+namespace {
+
+constexpr char TRAP_STATUS[] = "/sys/snmptrap/status";
+
+// The trap server is the first row of the host table.
+constexpr char TRAP_SERVER[] = "/sys/snmpd/hostip:1";
+constexpr char TRAP_VERSION[] = "/sys/snmpd/secumodel:1";
+
+void ask_for_apply() {
+    cli_printf("Please set apply to take effect\n");
+}
+
+bool begins_with(const char *word, const char *beginning) {
+    return std::strncmp(word, beginning, std::strlen(beginning)) == 0;
+}
+
+} // namespace
+
+const char *snmp_agent_state_name(int number) {
+    return number != 0 ? "Active" : "Suspended";
+}
+
+int set_snmp_trap(CliContext &cli, const char *, CliCommand *) {
+    static constexpr char USAGE[] = "\nsnmp settrap        < TrapStatus<enable/disable> >\n";
+    if (arg_count(cli) != 1)
+        return refuse(USAGE);
+    const char *status = arg_peek(cli, 0);
+    // Whatever the word goes on with.
+    if (begins_with(status, "enable"))
+        cfg_set("1", TRAP_STATUS);
+    else if (begins_with(status, "disable"))
+        cfg_set("0", TRAP_STATUS);
+    else
+        return refuse(USAGE);
+    cli_printf("\nSNMP Trap Status: %s\n", status);
+    pending_apply |= APPLY_SNMP;
+    return CLI_DONE;
+}
+
+int set_snmp_trap_server(CliContext &cli, const char *, CliCommand *) {
+    const int count = arg_count(cli);
+    if (count == 0) {
+        // Done, though it is refused below and marks nothing. Meant so.
+        cfg_del(TRAP_SERVER);
+        cli_printf("\ndel SNMP Trap Server Ip\n");
+    }
+    if (count != 1)
+        return refuse("\nsnmp settrapServerIp  <TrapServerIp>\n");
+    const char *server = arg_peek(cli, 0);
+    cfg_set(server, TRAP_SERVER);
+    cli_printf("\nSNMP Trap Server Ip: %s\n", server);
+    pending_apply |= APPLY_SNMP;
+    return CLI_DONE;
+}
+
+int set_snmp_trap_version(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 1)
+        return refuse("\nsnmp settrapVersion        < Type<1/2/3>"
+                      "(1:SNMPv1 / 2:SNMPv2 / 3:SNMPv3) >\n");
+    const int version = decimal_value(arg_peek(cli, 0));
+    // Version 3 is offered, but changes nothing. Meant so.
+    if (version == 1 || version == 2) {
+        cfg_set_number(version, TRAP_VERSION);
+        cli_printf("SNMP Trap Version: SNMPv%d\n", version);
+    }
+    pending_apply |= APPLY_SNMP;
+    ask_for_apply();
+    return CLI_DONE;
+}
+
+int show_snmp_trap(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 0)
+        return CLI_DONE;
+    const int status = cfg_number(TRAP_STATUS);
+    if (status == 0 || status == 1)
+        cli_printf("SNMP Trap Status: %s.\n", enable_word(status == 1));
+    return CLI_DONE;
+}
+
+int show_snmp_trap_server(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 0)
+        return CLI_DONE;
+    SnmpText server;
+    cfg_get(server, TRAP_SERVER);
+    if (server.empty())
+        cli_printf("SNMP Trap Server Ipaddress has not been set.\n");
+    else
+        cli_printf("SNMP Trap Server Ipaddress: %s\n", server.text());
+    return CLI_DONE;
+}
+
+int show_snmp_trap_version(CliContext &, const char *, CliCommand *) {
+    const int version = cfg_number(TRAP_VERSION);
+    if (version >= 1 && version <= 3)
+        cli_printf("SNMP Trap Version: SNMPv%d\n", version);
+    return CLI_DONE;
+}
+
+int set_snmp_auth_trap(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 1)
+        return refuse("\nauthtrap            < Status<string>(enable/disable) >\n");
+    const char *status = arg_peek(cli, 0);
+    const bool on = std::strcmp(status, "enable") == 0;
+    if (!on && std::strcmp(status, "disable") != 0)
+        return refuse("\nInvalid Status!!\n");
+    if (cfg_set(on ? "1" : "0", TRAP_STATUS) != 0)
+        return refuse("\nUnable to set %s!\n", status);
+    return finish_snmp_change(on ? "\nSet to enable successfully!"
+                                 : "\nSet to disable successfully!");
+}
