@@ -105,9 +105,9 @@ void Server::make_room() {
 void Server::serve(Connection &connection) {
     connection.last_active = turn_;
     if (connection.unsent.empty())
-        receive(connection);
+        connection.receive();
     else
-        send_reply(connection);
+        connection.send_unsent();
     // One request at a time: its reply goes out before the next one is looked at.
     while (connection.unsent.empty()) {
         const std::size_t size = RequestHandler::request_size(connection.received);
@@ -115,28 +115,27 @@ void Server::serve(Connection &connection) {
             return;
         connection.unsent = handler_.answer(std::string_view(connection.received).substr(0, size));
         connection.received.erase(0, size);
-        send_reply(connection);
+        connection.send_unsent();
     }
 }
 
-void Server::receive(Connection &connection) {
-    std::array<char, READ_SIZE> buffer; // NOLINT(cppcoreguidelines-pro-type-member-init)
-    const ssize_t length = read(connection.fd, buffer.data(), buffer.size());
+void Server::Connection::receive() {
+    std::array<char, READ_SIZE> buffer;
+    const ssize_t length = read(fd, buffer.data(), buffer.size());
     if (length > 0)
-        connection.received.append(buffer.data(), static_cast<std::size_t>(length));
+        received.append(buffer.data(), static_cast<std::size_t>(length));
     else if (length == 0 || !is_temporary(errno))
-        connection.ended = true;
+        ended = true;
 }
 
-void Server::send_reply(Connection &connection) {
-    const ssize_t sent =
-        send(connection.fd, connection.unsent.data(), connection.unsent.size(), MSG_NOSIGNAL);
+void Server::Connection::send_unsent() {
+    const ssize_t sent = send(fd, unsent.data(), unsent.size(), MSG_NOSIGNAL);
     if (sent >= 0) {
-        connection.unsent.erase(0, static_cast<std::size_t>(sent));
+        unsent.erase(0, static_cast<std::size_t>(sent));
     } else if (!is_temporary(errno)) {
-        connection.unsent.clear();
-        connection.received.clear();
-        connection.ended = true;
+        unsent.clear();
+        received.clear();
+        ended = true;
     }
 }
 

@@ -30,13 +30,14 @@ private:
         std::string received = {};
         std::string unsent = {};
         bool ended = false; // the client sends no more
+
+        void receive();
+        void send_unsent();
     };
 
     void accept_client();
     void make_room();
     void serve(Connection &connection);
-    void receive(Connection &connection);
-    void send_reply(Connection &connection);
     void close_ended();
 
     RequestHandler &handler_;
