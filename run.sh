@@ -30,7 +30,7 @@ while [ $# -gt 0 ]; do
     --factory) factory=--factory ;;
     --trace) trace=--trace ;;
     --record | --state)
-        [ $# -gt 1 ] && [ -n "$2" ] || usage
+        [ -n "${2-}" ] || usage
         case $1 in
         --record) record=$(absolute "$2") ;;
         --state) state=$(absolute "$2") ;;
@@ -48,33 +48,31 @@ build=build/release
 
 # quietly COMMAND...: its output only when it fails.
 quietly() {
-    if ! "$@" >"$log" 2>&1 </dev/null; then
+    if ! "$@" >"$log" 2>&1 </dev/null 9>&-; then
         cat "$log" >&2
         echo "run.sh: '$*' failed" >&2
         exit 1
     fi
 }
 
-# Builds of one tree take turns.
-build_console() {
-    log=$build/run.log
-    mkdir -p "$build"
-    exec 9>"$build/run.lock"
-    flock 9
-    if [ ! -f $build/build.ninja ]; then
-        echo "Building the console and the stand-in device ..." >&2
-        quietly cmake --preset release
-    fi
-    quietly cmake --build $build --target wap-cli wap-session device_root
-    exec 9>&-
+# True when the build directory is configured and not older than the list of packages, which are
+# all there then.
+configured() {
+    [ -f $build/build.ninja ] && command -v bwrap >/dev/null &&
+        [ -z "$(find tools/packages.txt -newer $build/build.ninja)" ]
 }
 
-# The build directory is configured only where every package is there.
-if [ ! -f $build/build.ninja ] || [ tools/packages.txt -nt $build/build.ninja ] ||
-    ! command -v bwrap >/dev/null; then
+log=$build/run.log
+mkdir -p $build
+exec 9>$build/run.lock # builds of one tree take turns
+flock 9
+if ! configured; then
+    echo "Building the console and the stand-in device ..." >&2
     tools/install-packages run </dev/null >&2
+    quietly cmake --preset release
 fi
-build_console
+quietly cmake --build $build --target wap-cli wap-session device_root
+exec 9>&-
 
 mkdir -p "$state"
 exec 8>"$state/lock"
