@@ -63,10 +63,7 @@ void LineEditor::begin(char (&line)[LINE_BUFFER_SIZE]) {
 }
 
 void LineEditor::finish() {
-    // A line that wraps below the cursor must not be written over.
-    if (row_ < (static_cast<int>(std::strlen(prompt_)) + length_) / TERMINAL_WIDTH)
-        echo_to_end();
-    std::fputc('\n', out_);
+    step_below_line();
     if (length_ > 0)
         history_.add(line_);
     else
@@ -325,8 +322,15 @@ void LineEditor::cut_at_cursor() {
     std::fputs("\x1b[J", out_);
 }
 
-void LineEditor::abandon_line() {
+// A line that wraps below the cursor must not be written over.
+void LineEditor::step_below_line() {
+    if (row_ < (static_cast<int>(std::strlen(prompt_)) + length_) / TERMINAL_WIDTH)
+        echo_to_end();
     std::fputc('\n', out_);
+}
+
+void LineEditor::abandon_line() {
+    step_below_line();
     reset_position();
     history_.stop_browsing();
     print_prompt();

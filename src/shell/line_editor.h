@@ -59,6 +59,7 @@ private:
     void move_left(int distance);
     void move_right();
     void redraw(int cursor_from_end);
+    void step_below_line();
 
     void insert(char c);
     void delete_at_cursor();
