@@ -146,7 +146,9 @@ void LineEditor::feed_escape(unsigned char byte) {
         parameter_count_ = 0;
         return;
     }
-    const bool is_parameter = byte >= 0x20 && byte <= 0x3f;
+    // The function keys of a Linux console have a second "[" in place of a number.
+    const bool is_parameter =
+        (byte >= 0x20 && byte <= 0x3f) || (byte == '[' && parameter_count_ == 0);
     if (escape_ == Escape::Parameters && is_parameter) {
         if (parameter_count_ == 0)
             parameter_ = byte;
