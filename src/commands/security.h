@@ -1,7 +1,103 @@
+// Authentication and cipher of the primary SSID, and the rule that ties them to each other and to
+// the operating mode.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> security_set_rows{};
+// Operating modes, as "/wlan/inf:N/ap_mode" holds them.
+enum ApMode : int { MODE_AP, MODE_CLIENT, MODE_REPEATER, MODE_WDS_AP, MODE_WDS };
 
-inline constexpr std::array<CliCommand, 0> security_get_rows{};
+// Authentication types, of the primary SSID and of the multi-SSID slots.
+enum Authentication : int {
+    AUTH_OPEN_SYSTEM,
+    AUTH_SHARED_KEY,
+    AUTH_WPA_EAP,
+    AUTH_WPA_PSK,
+    AUTH_WPA2_EAP,
+    AUTH_WPA2_PSK,
+    AUTH_WPA_AUTO_EAP,
+    AUTH_WPA_AUTO_PSK,
+    AUTH_DYNAMIC_WEP = 9,
+};
+
+// Ciphers, of the primary SSID and of the multi-SSID slots.
+enum Cipher : int { CIPHER_NONE, CIPHER_WEP, CIPHER_TKIP, CIPHER_AES, CIPHER_AUTO };
+
+// The one setting that is to change.
+enum class SecurityChange { Mode = 1, Authentication = 2, Cipher = 3 };
+
+// Asks whether the new value of one setting goes with the other two, which are read from interface
+// 1. Returns 0 when it does; 1, after the notice of the change, when it does not; 2 after
+// "memory error!".
+int security_check(SecurityChange change, int value);
+
+// For a mode or authentication change that was refused: forces the other settings of the current
+// band's interface to go with the new value. Returns 1 when it did, after a notice of what was
+// written; 0 when there is no way; 2 after "memory error!".
+int security_fixup(CliContext &cli, SecurityChange change, int value);
+
+// The name of an authentication type with its newline; nothing for a number that is none.
+const char *authentication_line(int type);
+
+// The same for a cipher.
+const char *cipher_line(int cipher);
+
+int set_authentication(CliContext &cli, const char *word, CliCommand *subtable);
+int set_cipher(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Switches cipher and authentication off, unchecked.
+int set_cipher_none(CliContext &cli, const char *word, CliCommand *subtable);
+
+// A value that a word sets.
+struct SecurityType {
+    const char *word;
+    const char *help;
+    int value;
+    const char *line; // how it is displayed
+};
+
+inline constexpr SecurityType AUTHENTICATION_TYPES[] = {
+    {"open-system", "Set Authentication Type to Open-System", AUTH_OPEN_SYSTEM, "Open-System\n"},
+    {"shared-key", "Set Authentication Type to Shared-Key", AUTH_SHARED_KEY, "Shared-Key\n"},
+    {"wpa-eap", "Set Authentication Type to WPA-EAP", AUTH_WPA_EAP, "WPA-EAP\n"},
+    {"wpa-psk", "Set Authentication Type to WPA-PSK", AUTH_WPA_PSK, "WPA-PSK\n"},
+    {"wpa2-eap", "Set Authentication Type to WPA2-EAP", AUTH_WPA2_EAP, "WPA2-EAP\n"},
+    {"wpa2-psk", "Set Authentication Type to WPA2-PSK", AUTH_WPA2_PSK, "WPA2-PSK\n"},
+    {"wpa2-auto-eap", "Set Authentication Type to WPA/WPA2-EAP", AUTH_WPA_AUTO_EAP,
+     "WPA/WPA2-EAP\n"},
+    {"wpa2-auto-psk", "Set Authentication Type to WPA/WPA2-PSK", AUTH_WPA_AUTO_PSK,
+     "WPA/WPA2-PSK\n"},
+    {"8021x-only", "Set Authentication Type to 802.1X for Dynamic WEP Keying", AUTH_DYNAMIC_WEP,
+     "802.1X for Dynamic WEP Keying\n"},
+};
+
+inline constexpr SecurityType CIPHERS[] = {
+    {"no", "Disable Wireless Security", CIPHER_NONE, "NO\n"},
+    {"wep", "Set Cipher of WEP", CIPHER_WEP, "WEP\n"},
+    {"tkip", "Set Cipher of TKIP", CIPHER_TKIP, "TKIP\n"},
+    {"aes", "Set Cipher of AES", CIPHER_AES, "AES\n"},
+    {"auto", "Set Cipher of auto(AES/TKIP)", CIPHER_AUTO, "auto(AES/TKIP)\n"},
+};
+
+inline constinit auto authentication_rows =
+    command_table_of(AUTHENTICATION_TYPES, [](const SecurityType &type) {
+        return CliCommand{type.word, type.help, set_authentication};
+    });
+
+inline constinit auto cipher_rows = command_table_of(CIPHERS, [](const SecurityType &cipher) {
+    return CliCommand{cipher.word, cipher.help,
+                      cipher.value == CIPHER_NONE ? set_cipher_none : set_cipher};
+});
+
+inline constexpr auto security_set_rows = command_rows({
+    {"authentication", "Set Authentication Type", dispatch_subtable, authentication_rows.data()},
+    {"cipher", "Set Cipher", dispatch_subtable, cipher_rows.data()},
+});
+
+inline constexpr auto security_get_rows = command_rows({
+    {"authentication", "Display Authentication Type",
+     show_name<"/wlan/inf:%d/authentication", "%s", authentication_line>},
+    {"cipher", "Display Cipher", show_name<"/wlan/inf:%d/wpa/wepmode", "%s", cipher_line>},
+});
