@@ -1,7 +1,28 @@
+// The operating mode: access point, client, or a bridge of the wireless distribution system (WDS).
 #pragma once
 
-#include "shell/command.h"
+#include "commands/security.h"
 
-inline constexpr std::array<CliCommand, 0> opmode_set_rows{};
+// Each switches off what the mode does not allow: multi-SSID, or the wireless security.
+int set_client_mode(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> opmode_get_rows{};
+// Both are refused on 5 GHz in Japan.
+int set_wds_ap_mode(CliContext &cli, const char *word, CliCommand *subtable);
+int set_wds_mode(CliContext &cli, const char *word, CliCommand *subtable);
+
+int get_ap_mode(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto ap_mode_rows = command_table({
+    {"AP", "AP Mode", write_fixed<"/wlan/inf:%d/ap_mode", "0", APPLY_WLAN>},
+    {"APC", "Wireless Client Mode", set_client_mode},
+    {"WDSAP", "WDS with ap Mode", set_wds_ap_mode},
+    {"WDS", "WDS without ap Mode", set_wds_mode},
+});
+
+inline constexpr auto opmode_set_rows = command_rows({
+    {"apmode", "Set operating mode", dispatch_subtable, ap_mode_rows.data()},
+});
+
+inline constexpr auto opmode_get_rows = command_rows({
+    {"apmode", "Display operating mode", get_ap_mode},
+});
