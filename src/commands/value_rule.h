@@ -1,0 +1,62 @@
+// Setters of one value: what the word must be, where it goes, what is said when it is refused.
+#pragma once
+
+#include "shell/command.h"
+
+#include <cstdint>
+
+enum class ValueKind {
+    Text,   // limits are lengths in characters; stored as typed
+    Number, // limits are values, read as arg_uint does; stored as "%d" prints it
+};
+
+// What a word must be to be stored.
+struct ValueRule {
+    ValueKind kind;
+    std::uint32_t low;
+    std::uint32_t high;
+    const char *message;  // printed for a value outside low..high
+    bool or_zero = false; // 0 is good besides
+};
+
+// A number as "%d" prints it.
+class DecimalText {
+public:
+    // Formats `number`; the text lives until the next call.
+    const char *of(int number);
+
+private:
+    char digits_[12];
+};
+
+// A word that keeps its rule, in the form that its node holds.
+class CheckedValue {
+public:
+    // Takes the next word. False when there is none, when it is no number (both after arg_uint's
+    // message where a number is wanted) or breaks the rule (after the rule's message).
+    bool take(CliContext &cli, const ValueRule &rule);
+
+    [[nodiscard]] const char *text() const { return text_; }
+
+private:
+    const char *text_ = "";
+    DecimalText digits_;
+};
+
+// A setter of one word, the only one left on the line.
+struct ValueSetter {
+    const char *path; // may hold one "%d", for the number of the current band's interface
+    ValueRule rule;
+    std::uint32_t apply_bits;
+    const char *error_line;               // the refusal of a wrong number of words
+    const char *value_error = error_line; // the same behind what the rule or arg_uint said
+};
+
+// Takes and checks the word, writes it, sets the apply bits. Returns 0, or -1 after the refusal.
+int store_value(CliContext &cli, const ValueSetter &setter);
+
+// The handler of such a setter.
+template <const ValueSetter &Setter>
+int set_value(CliContext &cli, const char *, CliCommand *) {
+    return store_value(cli, Setter);
+}
