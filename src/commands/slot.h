@@ -1,0 +1,104 @@
+// Multi-SSID slots, the three SSIDs that a radio offers besides its primary one: how a line names
+// one, and the switches, values and displays that every slot has.
+//
+// Nodes of a slot are written "/wlan/inf:N/multi/index:" + slot + leaf, with N the number of the
+// current band's interface and a leaf such as "/ssid".
+#pragma once
+
+#include "commands/fixed_value.h"
+#include "commands/value_rule.h"
+#include "config/node_access.h"
+
+inline constexpr int SLOT_COUNT = 3;
+
+inline constexpr char SLOT_NOT_SPECIFIED[] =
+    "Wrong input parameters. Please specify the correct Multi-SSID index (1-3).\n";
+inline constexpr char SLOT_OUT_OF_RANGE[] = "Please specify the correct Multi-SSID index (1-3).\n";
+inline constexpr char SLOT_NOT_CORRECT[] = "Please input correct multi_SSID index: 1-3\n";
+
+// A slot as a line names it. A word goes into the node paths as typed, so that 02 is the node
+// index:02, while a number goes in as the number. Both are meant.
+struct Slot {
+    const char *name; // its part of the path
+    int number;       // 1..3
+};
+
+// A slot by its number, 1..3.
+Slot numbered_slot(int number);
+
+// Takes the next word as a slot whose name is the word and whose number is the word's decimal
+// value. False, with nothing printed, when there is no word or the number is not 1..3.
+bool take_slot(CliContext &cli, Slot &slot);
+
+// The same for the only word left. False after `wrong_count` or `out_of_range`.
+bool take_only_slot(CliContext &cli, Slot &slot, const char *wrong_count = SLOT_NOT_SPECIFIED,
+                    const char *out_of_range = SLOT_OUT_OF_RANGE);
+
+// Reads a leaf of a slot, as cfg_get does.
+int read_slot(ReadTarget value, const CliContext &cli, const Slot &slot, const char *leaf);
+
+// Writes a leaf of a slot, as cfg_set does.
+int write_slot(const char *value, const CliContext &cli, const Slot &slot, const char *leaf);
+
+// A leaf that fixed words set, with the slot as the only word behind, read as a number. Each
+// refusal prints its text and then the error line.
+struct SlotSwitch {
+    const char *leaf;
+    const char *wrong_count;
+    const char *error_line;
+    const char *not_a_number = ""; // behind what arg_uint said
+    const char *out_of_range = SLOT_NOT_CORRECT;
+};
+
+// Takes the slot, writes `value`, sets APPLY_WLAN. Returns 0, or -1 after the refusal.
+int store_slot_switch(CliContext &cli, const SlotSwitch &target, const char *value);
+
+// A leaf that takes a value, with the value and the slot as the only words.
+struct SlotSetter {
+    const char *leaf;
+    ValueRule rule;
+    const char *wrong_count; // and then the error line
+    const char *error_line;
+    const char *value_error = error_line; // behind what the rule or arg_uint said
+    const char *out_of_range = SLOT_NOT_CORRECT;
+    const char *slot_error = error_line; // behind out_of_range
+    bool as_number = false;              // the slot goes into the path as a number
+};
+
+// Takes the value and the slot, writes the value, sets APPLY_WLAN. Returns 0, or -1 after the
+// refusal.
+int store_slot_value(CliContext &cli, const SlotSetter &setter);
+
+enum class SlotValue { Text, Number, Name };
+
+// A leaf that is shown as "SUBJECT (index 1) is VALUE", with the slot as the only word.
+struct SlotDisplay {
+    const char *leaf;
+    const char *subject;
+    SlotValue kind;
+    NumberName *name = nullptr; // of a Name
+    const char *tail = "\n";
+    const char *wrong_count = SLOT_NOT_SPECIFIED;
+    const char *out_of_range = SLOT_OUT_OF_RANGE;
+};
+
+// Takes the slot and shows the leaf. Returns 0, also after a refusal; or -1 after
+// " can't alloc memory ".
+int show_slot_value(CliContext &cli, const SlotDisplay &display);
+
+// The handlers of such rows.
+
+template <const SlotSwitch &Target, FixedText Value>
+int switch_slot(CliContext &cli, const char *, CliCommand *) {
+    return store_slot_switch(cli, Target, Value.text);
+}
+
+template <const SlotSetter &Setter>
+int set_slot(CliContext &cli, const char *, CliCommand *) {
+    return store_slot_value(cli, Setter);
+}
+
+template <const SlotDisplay &Display>
+int show_slot(CliContext &cli, const char *, CliCommand *) {
+    return show_slot_value(cli, Display);
+}
