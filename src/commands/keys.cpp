@@ -1,0 +1,222 @@
+#include "commands/keys.h"
+
+#include "commands/slot.h"
+#include "config/host_command.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+#include <cstdio>
+#include <cstring>
+#include <initializer_list>
+
+namespace {
+
+constexpr int NO_KEY = 0;
+
+bool is_key_index(std::int64_t index) {
+    return index >= 1 && index <= WEP_KEY_COUNT;
+}
+
+// Takes the index of a key, the first of `words` words left. Returns 1..4; or NO_KEY after
+// `unreadable` or, for a number that is no key's, its message, and then the error line.
+int take_key(CliContext &cli, int words, const char *error_line, const char *unreadable = "") {
+    std::uint32_t index = 0;
+    const char *reason = "";
+    if (arg_count(cli) != words || arg_uint(cli, index, 10) != 0)
+        reason = unreadable;
+    else if (!is_key_index(index))
+        reason = WEP_KEY_OUT_OF_RANGE;
+    else
+        return static_cast<int>(index);
+    cli_printf("%s%s", reason, error_line);
+    return NO_KEY;
+}
+
+// The only word left as the index of a key, by its decimal value; or NO_KEY.
+int only_key(const CliContext &cli) {
+    const int index = arg_count(cli) == 1 ? decimal_value(arg_peek(cli, 0)) : NO_KEY;
+    return is_key_index(index) ? index : NO_KEY;
+}
+
+bool is_default_key(int index) {
+    return cfg_number("/wlan/inf:1/defkey") == index;
+}
+
+struct SlotCopy {
+    const char *leaf;
+    const char *value;
+};
+
+// Writes to the copies that the slots using the key hold of it.
+void write_slot_copies(int index, std::initializer_list<SlotCopy> copies) {
+    for (int slot = 1; slot <= SLOT_COUNT; ++slot) {
+        if (cfg_number("/wlan/inf:1/multi/index:%d/wep_key_index", slot) != index)
+            continue;
+        for (const SlotCopy &copy : copies)
+            cfg_set(copy.value, "/wlan/inf:1/multi/index:%d/%s", slot, copy.leaf);
+    }
+}
+
+// The characters that a key of so many bits, 24 of them public, has; negative for an unset length.
+std::int64_t key_characters(int keylength, int format) {
+    const std::int64_t secret_bits = std::int64_t{keylength} - 24;
+    return secret_bits / (format == FORMAT_ASCII ? 8 : 4);
+}
+
+// The lines that say what is wrong with a key's text; null when it is good.
+const char *key_fault(const char *key, int keylength, int format) {
+    const bool known_format = format == FORMAT_ASCII || format == FORMAT_HEXADECIMAL;
+    const auto length = static_cast<std::int64_t>(std::strlen(key));
+    if (!known_format || length != key_characters(keylength, format))
+        return "Key length error.\nERROR: Unable to set wep key value.\n";
+    if (format == FORMAT_HEXADECIMAL && key[std::strspn(key, "0123456789abcdefABCDEF")] != '\0')
+        return "Please type the correct key string(0 - 9, a - f, A - F).\n";
+    return nullptr;
+}
+
+void show_key_node(ValueBuffer &value, const char *parent, const char *leaf, const char *equals) {
+    cfg_get(value, "/wlan/inf:1/%s%s", parent, leaf);
+    // The label is not the path that is read. Meant so.
+    cli_printf("/wireless/%s%s%s%s\n", parent, leaf, equals, value.text());
+}
+
+} // namespace
+
+const char *key_format_name(int format) {
+    switch (format) {
+    case FORMAT_ASCII:
+        return "Ascii Text";
+    case FORMAT_HEXADECIMAL:
+        return "Hexadecimal";
+    default:
+        return nullptr;
+    }
+}
+
+int set_key(CliContext &cli, const char *, CliCommand *) {
+    const int index = take_key(cli, 2, "ERROR: Unable to set wep key value.\n");
+    if (index == NO_KEY)
+        return CLI_REFUSED;
+    ValueBuffer value;
+    if (!value)
+        return refuse("%s", MEMORY_ERROR);
+    cfg_get(value, "/wlan/inf:1/wepkey:%d/keylength", index);
+    const int keylength = value.number();
+    cfg_get(value, "/wlan/inf:1/wepkey:%d/keyformat", index);
+    const int format = value.number();
+
+    const char *key = arg_next(cli);
+    if (const char *fault = key_fault(key, keylength, format))
+        return refuse("%s", fault);
+    cfg_set(key, "/wlan/inf:1/wepkey:%d", index);
+    write_slot_copies(index, {{"wep_key", key}});
+    // An ASCII key restarts nothing. Meant so.
+    if (format == FORMAT_HEXADECIMAL)
+        pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
+}
+
+int delete_key(CliContext &cli, const char *, CliCommand *) {
+    const int index = take_key(cli, 1, "ERROR: Unable to delete wep key value.\n");
+    if (index == NO_KEY)
+        return CLI_REFUSED;
+    cfg_set("", "/wlan/inf:1/wepkey:%d", index);
+    cfg_set("2", "/wlan/inf:1/wepkey:%d/keyformat", index);
+    cfg_set("64", "/wlan/inf:1/wepkey:%d/keylength", index);
+    if (is_default_key(index)) {
+        cfg_set("2", "/wlan/inf:1/keyformat");
+        cfg_set("64", "/wlan/inf:1/keylength");
+    }
+    write_slot_copies(index, {{"wep_key", ""}, {"wep_keyformat", "2"}, {"wep_keylength", "64"}});
+    pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
+}
+
+int change_key_attribute(CliContext &cli, const KeyAttribute &attribute, const char *value) {
+    const int index = only_key(cli);
+    if (index == NO_KEY)
+        return refuse("%sERROR: Unable to set individual wep key format.\n", attribute.wrong_input);
+    ValueBuffer current;
+    if (!current)
+        return refuse("%s", MEMORY_ERROR);
+    cfg_get(current, "/wlan/inf:1/wepkey:%d/%s", index, attribute.leaf);
+    if (current.number() == decimal_value(value))
+        return CLI_DONE;
+    cfg_set("", "/wlan/inf:1/wepkey:%d", index);
+    if (is_default_key(index))
+        cfg_set(value, "/wlan/inf:1/%s", attribute.leaf);
+    cli_printf("NOTICE: encryption keys %d is reset.\n", index);
+    cfg_set(value, "/wlan/inf:1/wepkey:%d/%s", index, attribute.leaf);
+    write_slot_copies(index, {{"wep_key", ""}, {attribute.slot_leaf, value}});
+    pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
+}
+
+int set_default_key(CliContext &cli, const char *, CliCommand *) {
+    const int index =
+        take_key(cli, 1, "ERROR: Unable to set default key index.\n", WEP_KEY_OUT_OF_RANGE);
+    if (index == NO_KEY)
+        return CLI_REFUSED;
+    ValueBuffer value;
+    if (!value)
+        return refuse("%s", MEMORY_ERROR);
+    cfg_set_number(index, "/wlan/inf:1/defkey");
+    for (const KeyAttribute &attribute : {KEY_FORMAT, KEY_LENGTH}) {
+        cfg_get(value, "/wlan/inf:1/wepkey:%d/%s", index, attribute.leaf);
+        cfg_set(value.text(), "/wlan/inf:1/%s", attribute.leaf);
+    }
+    pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
+}
+
+int get_key(CliContext &cli, const char *, CliCommand *) {
+    const int index = only_key(cli);
+    if (index == NO_KEY)
+        cli_printf("%s", WEP_KEY_OUT_OF_RANGE);
+    else
+        run_command("rgdb -g /wlan/inf:%d/wepkey:%d", interface_number(cli), index);
+    return CLI_DONE;
+}
+
+int get_key_length(CliContext &cli, const char *, CliCommand *) {
+    const int index = only_key(cli);
+    if (index == NO_KEY)
+        cli_printf("%s", WEP_KEY_OUT_OF_RANGE);
+    else
+        run_command("rgdb -g /wlan/inf:1/wepkey:%d/keylength", index);
+    return CLI_DONE;
+}
+
+int get_key_format(CliContext &cli, const char *, CliCommand *) {
+    const int index = only_key(cli);
+    if (index == NO_KEY) {
+        cli_printf("%s", WEP_KEY_OUT_OF_RANGE);
+        return CLI_DONE;
+    }
+    const int format = cfg_number("/wlan/inf:1/wepkey:%d/keyformat", index);
+    if (const char *name = key_format_name(format))
+        cli_printf("%s\n", name);
+    return CLI_DONE;
+}
+
+int get_all_keys(CliContext &, const char *, CliCommand *) {
+    ValueBuffer value;
+    if (!value)
+        return refuse("%s", MEMORY_ERROR);
+    show_key_node(value, "", "defkey", "= ");
+    show_key_node(value, "", "keyformat", " = ");
+    show_key_node(value, "", "keylength", " = ");
+    char parent[32];
+    for (int index = 1; index <= WEP_KEY_COUNT; ++index) {
+        std::snprintf(parent, sizeof parent, "wepkey:%d", index);
+        for (const char *leaf : {"", "/keyformat", "/keylength"})
+            show_key_node(value, parent, leaf, " = ");
+    }
+    for (int slot = 1; slot <= SLOT_COUNT; ++slot) {
+        std::snprintf(parent, sizeof parent, "multi/index:%d/", slot);
+        show_key_node(value, parent, "wep_key_index", "= ");
+        for (const char *leaf : {"wep_key", "wep_keyformat", "wep_keylength"})
+            show_key_node(value, parent, leaf, " = ");
+    }
+    return CLI_DONE;
+}
