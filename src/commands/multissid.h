@@ -1,7 +1,255 @@
+// Multi-SSID: the feature's switches, and the settings of each slot.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/keys.h"
+#include "commands/radio.h"
+#include "commands/security.h"
+#include "commands/slot.h"
 
-inline constexpr std::array<CliCommand, 0> multissid_set_rows{};
+inline constexpr SlotSwitch SLOT_STATE{
+    .leaf = "/state",
+    .wrong_count = "Wrong input parameters. Please input individual multi-SSID state and "
+                   "Multi-SSID index (1-3).\n",
+    .error_line = "ERROR: Unable to set individual multi-SSID state.\n",
+};
+inline constexpr SlotSwitch SLOT_SSID_HIDDEN{
+    .leaf = "/ssid_hidden",
+    .wrong_count = "Wrong input parameters. Please input ssid hidden state and Multi-SSID index "
+                   "(1-3).\n",
+    .error_line = "ERROR: Unable to set individual multi-SSID ssid hidden state.\n",
+};
+// Refused in the words of the state. Meant so.
+inline constexpr SlotSwitch SLOT_WMM{
+    .leaf = "/wmm/enable",
+    .wrong_count = SLOT_STATE.wrong_count,
+    .error_line = SLOT_STATE.error_line,
+};
+inline constexpr SlotSwitch SLOT_PARTITION{
+    .leaf = "/w_partition",
+    .wrong_count = "Wrong input parameters. Please input wlan partition state and Multi-SSID "
+                   "index (1-3).\n",
+    .error_line = "ERROR: Unable to set individual multi-SSID wlan partition state.\n",
+};
 
-inline constexpr std::array<CliCommand, 0> multissid_get_rows{};
+inline constexpr SlotSetter SLOT_SSID{
+    .leaf = "/ssid",
+    .rule = {ValueKind::Text, 1, 64, "SSID length should less 65\n"},
+    .wrong_count = "Wrong input parameters. Please input ESSID and Multi-SSID index (1-3).\n",
+    .error_line = "ERROR: Unable to set individual multi-SSID ESSID.\n",
+    .value_error = "",
+};
+inline constexpr SlotSetter SLOT_PASSPHRASE{
+    .leaf = "/passphrase",
+    .rule = PASSPHRASE_RULE,
+    .wrong_count =
+        "Wrong input parameters. Please input passphrase key and Multi-SSID index (1-3).\n",
+    .error_line = PASSPHRASE_ERROR,
+};
+inline constexpr SlotSetter SLOT_GROUP_KEY_UPDATE{
+    .leaf = "/interval",
+    .rule = GROUP_KEY_UPDATE_RULE,
+    .wrong_count = "Wrong input parameters. Please input Group Key Update interval and Multi-SSID "
+                   "index (1-3).\n",
+    .error_line = GROUP_KEY_UPDATE_ERROR,
+};
+inline constexpr SlotSetter SLOT_DEFAULT_KEY{
+    .leaf = "/wep_key_index",
+    .rule = {ValueKind::Number, 1, WEP_KEY_COUNT, WEP_KEY_OUT_OF_RANGE},
+    .wrong_count = "Wrong input parameters. Please input defalut wep key index and Multi-SSID "
+                   "index (1-3).\n",
+    .error_line = "ERROR: Unable to set defalut wep key index.\n",
+    .as_number = true,
+};
+inline constexpr SlotSetter SLOT_PRIORITY{
+    .leaf = "/pri_bit",
+    .rule = {ValueKind::Number, 1, 4094, "Please specify the correct Priority (1~4094).\n"},
+    .wrong_count = "Wrong input parameters. Please input Priority and Multi-SSID index (1-3).\n",
+    .error_line = "ERROR: Unable to set Priority.\n",
+    .value_error = "",
+    .out_of_range = "Please input correct multi_SSID priority index: 1-3\n",
+    .slot_error = "",
+};
+// Of the primary SSID.
+inline constexpr ValueSetter PRIORITY{
+    .path = "/wlan/inf:%d/pri_bit",
+    .rule = {ValueKind::Number, 0, UINT32_MAX, ""},
+    .apply_bits = APPLY_WLAN,
+    .error_line = SLOT_PRIORITY.error_line,
+    .value_error = "",
+};
+
+// A cipher of a slot.
+struct SlotCipher {
+    const char *word;
+    const char *help;
+    const char *value;
+    bool for_wpa;          // goes with the WPA types only, else with all others only
+    const char *confirmed; // its name when it is set
+    const char *name;      // and when it is displayed
+};
+
+inline constexpr SlotCipher SLOT_CIPHERS[] = {
+    {"no", "Disable Wireless Security", "0", false, "None", "None"},
+    {"wep", "Set Cipher of WEP", "1", false, "WEP", "WEP"},
+    {"tkip", "Set Cipher of TKIP", "2", true, "TKIP", "TKIP"},
+    {"aes", "Set Cipher of AES", "3", true, "AES", "AES"},
+    {"auto", "Set Cipher of auto(AES/TKIP)", "4", true, "auto (tkip, aes)", "TKIP, AES"},
+};
+
+// An authentication type of a slot.
+struct SlotAuthentication {
+    const char *word;
+    const char *help;
+    const char *value;
+    const char *confirmed;
+};
+
+inline constexpr SlotAuthentication SLOT_AUTHENTICATIONS[] = {
+    {"open-system", "Set Authentication Type to Open-System", "0", "open-system"},
+    {"shared-key", "Set Authentication Type to Shared-Key", "1", "shared-key"},
+    {"wpa-eap", "Set Authentication Type to WPA-EAP", "2", "wpa-eap"},
+    {"wpa-psk", "Set Authentication Type to WPA-PSK", "3", "wpa-psk"},
+    {"wpa2-eap", "Set Authentication Type to WPA2-EAP", "4", "wpa2-eap"},
+    {"wpa2-psk", "Set Authentication Type to WPA2-PSK", "5", "wpa2-psk"},
+    {"wpa-auto-eap", "Set Authentication Type to WPA/WPA2-EAP", "6", "wpa/wpa2-eap"},
+    {"wpa-auto-psk", "Set Authentication Type to WPA/WPA2-PSK", "7", "wpa/wpa2-psk"},
+    {"8021x-only", "Set Authentication Type to 802.1X for Dynamic WEP Keying", "9",
+     "802.1x for dynamic WEP keying"},
+};
+
+const char *slot_cipher_name(int cipher);
+
+inline constexpr SlotDisplay SHOWN_STATE{"/state", "Multi-SSID", SlotValue::Name, switch_name};
+// In the words of the state. Meant so.
+inline constexpr SlotDisplay SHOWN_SSID_HIDDEN{"/ssid_hidden", "Multi-SSID", SlotValue::Name,
+                                               switch_name};
+inline constexpr SlotDisplay SHOWN_PARTITION{"/w_partition", "Multi-SSID", SlotValue::Name,
+                                             partition_name};
+inline constexpr SlotDisplay SHOWN_WMM{"/wmm/enable", "WMM state of Multi-SSID", SlotValue::Name,
+                                       switch_name};
+inline constexpr SlotDisplay SHOWN_SSID{"/ssid", "SSID of Multi-SSID", SlotValue::Text};
+inline constexpr SlotDisplay SHOWN_AUTHENTICATION{"/auth", "Authentication Type of Multi-SSID",
+                                                  SlotValue::Name, authentication_line, ""};
+inline constexpr SlotDisplay SHOWN_CIPHER{"/cipher", "Cipher of Multi-SSID", SlotValue::Name,
+                                          slot_cipher_name};
+inline constexpr SlotDisplay SHOWN_GROUP_KEY_UPDATE{"/interval",
+                                                    "Group Key Update Interval of Multi-SSID",
+                                                    SlotValue::Number, nullptr, " seconds\n"};
+inline constexpr SlotDisplay SHOWN_DEFAULT_KEY{
+    "/wep_key_index", "Default WEP Key Index of Multi-SSID", SlotValue::Number};
+inline constexpr SlotDisplay SHOWN_PRIORITY{
+    .leaf = "/pri_bit",
+    .subject = "Priority of Multi-SSID",
+    .kind = SlotValue::Number,
+    .wrong_count =
+        "Wrong input parameters. Please specify the correct Multi-SSID priority index (1-3).\n",
+    .out_of_range = "Please specify the correct Multi-SSID priority index (1-3).\n",
+};
+
+// Gives up an operating mode in which there is no multi-SSID.
+int enable_multi_ssid(CliContext &cli, const char *word, CliCommand *subtable);
+
+int set_slot_authentication(CliContext &cli, const char *word, CliCommand *subtable);
+int set_slot_cipher(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Switches the slot's cipher and authentication off.
+int set_slot_cipher_none(CliContext &cli, const char *word, CliCommand *subtable);
+
+int get_priority(CliContext &cli, const char *word, CliCommand *subtable);
+
+// The key of the primary SSID that the slot uses.
+int get_slot_wep_key(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto multi_state_rows = command_table({
+    {"enable", "enable multi-SSID", enable_multi_ssid},
+    {"disable", "disable multi-SSID", write_fixed<"/wlan/inf:%d/multi/state", "0", APPLY_WLAN>},
+});
+
+inline constinit auto multi_pri_state_rows = command_table({
+    {"enable", "enable priority by SSID",
+     write_fixed<"/wlan/inf:%d/multi/pri_by_ssid", "1", APPLY_WLAN>},
+    {"disable", "disable priority by SSID",
+     write_fixed<"/wlan/inf:%d/multi/pri_by_ssid", "0", APPLY_WLAN>},
+});
+
+inline constinit auto multi_ind_state_rows = command_table({
+    {"enable", "enable individual multi-SSID [index]", switch_slot<SLOT_STATE, "1">},
+    {"disable", "disable individual multi-SSID [index]", switch_slot<SLOT_STATE, "0">},
+});
+
+inline constinit auto multi_ssid_hidden_rows = command_table({
+    {"enable", "enable ssidhidden of Multi-SSID [index]", switch_slot<SLOT_SSID_HIDDEN, "1">},
+    {"disable", "disable ssidhidden of Multi-SSID [index]", switch_slot<SLOT_SSID_HIDDEN, "0">},
+});
+
+inline constinit auto multi_wmm_rows = command_table({
+    {"enable", "enable wmm of Multi-SSID [index]", switch_slot<SLOT_WMM, "1">},
+    {"disable", "disable wmm of Multi-SSID [index]", switch_slot<SLOT_WMM, "0">},
+});
+
+// Stored the other way round: 0 keeps the clients apart. Meant so.
+inline constinit auto multi_partition_rows = command_table({
+    {"enable", "enable w_partition of Multi-SSID [index]", switch_slot<SLOT_PARTITION, "0">},
+    {"disable", "disable w_partition of Multi-SSID [index]", switch_slot<SLOT_PARTITION, "1">},
+    {"guest", "guest mode of Multi-SSID [index]", switch_slot<SLOT_PARTITION, "2">},
+});
+
+inline constinit auto multi_authentication_rows =
+    command_table_of(SLOT_AUTHENTICATIONS, [](const SlotAuthentication &type) {
+        return CliCommand{type.word, type.help, set_slot_authentication};
+    });
+
+inline constinit auto multi_cipher_rows =
+    command_table_of(SLOT_CIPHERS, [](const SlotCipher &cipher) {
+        const bool none = cipher.value[0] == '0';
+        return CliCommand{cipher.word, cipher.help, none ? set_slot_cipher_none : set_slot_cipher};
+    });
+
+inline constexpr auto multissid_set_rows = command_rows({
+    {"multi-state", "Set Multi-SSID state", dispatch_subtable, multi_state_rows.data()},
+    {"multi-pri-state", "Set priority by SSID", dispatch_subtable, multi_pri_state_rows.data()},
+    {"multi-ind-state", "Set state of individual Multi-SSID", dispatch_subtable,
+     multi_ind_state_rows.data()},
+    {"multi-ssidhidden", "Set SSID hidden of Multi-SSID", dispatch_subtable,
+     multi_ssid_hidden_rows.data()},
+    {"multi-wmm", "Set WMM of Multi-SSID", dispatch_subtable, multi_wmm_rows.data()},
+    {"multi-w-partition", "Set wireless partition of Multi-SSID", dispatch_subtable,
+     multi_partition_rows.data()},
+    {"multi-ssid", "Set SSID of Multi-SSID [value][index]", set_slot<SLOT_SSID>},
+    {"multi-passphrase", "Set Passphrase of Multi-SSID [value][index] (size:8--63)",
+     set_slot<SLOT_PASSPHRASE>},
+    {"multi-groupkeyupdate", "Set Group Key Update Interval of Multi-SSID [value][index]",
+     set_slot<SLOT_GROUP_KEY_UPDATE>},
+    {"multi-defkeyindex", "Set Default Key Index of Multi-SSID [1--4][index]",
+     set_slot<SLOT_DEFAULT_KEY>},
+    {"multi-priority", "Set Priority of Multi-SSID [value][index] (range:1--4094)",
+     set_slot<SLOT_PRIORITY>},
+    {"priority", "Set Priority of primary SSID", set_value<PRIORITY>},
+    {"multi-auth", "Set Authentication Type of Multi-SSID", dispatch_subtable,
+     multi_authentication_rows.data()},
+    {"multi-cipher", "Set Cipher of Multi-SSID", dispatch_subtable, multi_cipher_rows.data()},
+});
+
+inline constexpr auto multissid_get_rows = command_rows({
+    {"multi-state", "Display Multi-SSID state",
+     show_switch<"/wlan/inf:%d/multi/state", "Multi-SSID is %s\n", CANT_ALLOC_MEMORY>},
+    {"multi-pri-state", "Display priority by SSID",
+     show_switch<"/wlan/inf:%d/multi/pri_by_ssid", "Multi-SSID priority is %s\n",
+                 CANT_ALLOC_MEMORY>},
+    {"priority", "Display Priority of primary SSID", get_priority},
+    {"multi-ind-state", "Display state of individual Multi-SSID [index]", show_slot<SHOWN_STATE>},
+    {"multi-ssidhidden", "Display SSID hidden of Multi-SSID [index]", show_slot<SHOWN_SSID_HIDDEN>},
+    {"multi-w-partition", "Display wireless partition of Multi-SSID [index]",
+     show_slot<SHOWN_PARTITION>},
+    {"multi-wmm", "Display WMM of Multi-SSID [index]", show_slot<SHOWN_WMM>},
+    {"multi-ssid", "Display SSID of Multi-SSID [index]", show_slot<SHOWN_SSID>},
+    {"multi-auth", "Display Authentication Type of Multi-SSID [index]",
+     show_slot<SHOWN_AUTHENTICATION>},
+    {"multi-cipher", "Display Cipher of Multi-SSID [index]", show_slot<SHOWN_CIPHER>},
+    {"multi-groupkeyupdate", "Display Group Key Update Interval of Multi-SSID [index]",
+     show_slot<SHOWN_GROUP_KEY_UPDATE>},
+    {"multi-defkeyindex", "Display Default Key Index of Multi-SSID [index]",
+     show_slot<SHOWN_DEFAULT_KEY>},
+    {"multi-priority", "Display Priority of Multi-SSID [index]", show_slot<SHOWN_PRIORITY>},
+    {"multi-wepkey", "Display WEP Key of Multi-SSID [index]", get_slot_wep_key},
+});

@@ -1,0 +1,129 @@
+#include "commands/multissid.h"
+
+#include "shell/output.h"
+
+#include <iterator>
+
+namespace {
+
+bool is_wpa(int authentication) {
+    return authentication >= AUTH_WPA_EAP && authentication <= AUTH_WPA_AUTO_PSK;
+}
+
+int slot_number(ValueBuffer &value, const CliContext &cli, const Slot &slot, const char *leaf) {
+    read_slot(value, cli, slot, leaf);
+    return value.number();
+}
+
+// Takes the slot of a cipher's command.
+bool take_cipher_slot(CliContext &cli, Slot &slot) {
+    return take_only_slot(cli, slot,
+                          "Wrong input parameters. Please input Cipher Type and specify the "
+                          "correct Multi-SSID index (1-3).\n");
+}
+
+void confirm_cipher(const Slot &slot, const char *name) {
+    cli_printf("Cipher of Multi-SSID (index %d) is %s\n", slot.number, name);
+}
+
+} // namespace
+
+const char *slot_cipher_name(int cipher) {
+    const auto index = static_cast<std::size_t>(cipher);
+    return index < std::size(SLOT_CIPHERS) ? SLOT_CIPHERS[index].name : "error";
+}
+
+int enable_multi_ssid(CliContext &cli, const char *, CliCommand *) {
+    ValueBuffer value;
+    if (!value)
+        return refuse("%s", MEMORY_ERROR);
+    cfg_get(value, "/wlan/inf:%d/ap_mode", interface_number(cli));
+    const int mode = value.number();
+    cfg_set("1", "/wlan/inf:%d/multi/state", interface_number(cli));
+    pending_apply |= APPLY_WLAN;
+    if (mode != MODE_AP && mode != MODE_WDS_AP && mode != MODE_WDS) {
+        cfg_set("0", "/wlan/inf:%d/ap_mode", interface_number(cli));
+        cli_printf("Set AP mode as normal AP mode \n");
+    }
+    return CLI_DONE;
+}
+
+int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
+    const SlotAuthentication &type =
+        SLOT_AUTHENTICATIONS[current_command - multi_authentication_rows.data()];
+    Slot slot{};
+    if (!take_only_slot(cli, slot,
+                        "Wrong input parameters. Please input Authentication Type and specify the "
+                        "correct Multi-SSID index (1-3).\n"))
+        return CLI_DONE;
+    write_slot(type.value, cli, slot, "/auth");
+    pending_apply |= APPLY_WLAN;
+    cli_printf("Authentication of Multi-SSID (index %d) is %s\n", slot.number, type.confirmed);
+    return CLI_DONE;
+}
+
+int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
+    const SlotCipher &cipher = SLOT_CIPHERS[current_command - multi_cipher_rows.data()];
+    Slot slot{};
+    if (!take_cipher_slot(cli, slot))
+        return CLI_DONE;
+    ValueBuffer value;
+    if (!value)
+        return refuse("%s", CANT_ALLOC_MEMORY);
+    const int authentication = slot_number(value, cli, slot, "/auth");
+    if (is_wpa(authentication) == cipher.for_wpa) {
+        write_slot(cipher.value, cli, slot, "/cipher");
+        confirm_cipher(slot, cipher.confirmed);
+    } else {
+        cli_printf("This cipher selection is not supported by \n%s",
+                   authentication_line(authentication));
+    }
+    pending_apply |= APPLY_WLAN; // also after a refusal. Meant so.
+    return CLI_DONE;
+}
+
+int set_slot_cipher_none(CliContext &cli, const char *, CliCommand *) {
+    Slot slot{};
+    if (!take_cipher_slot(cli, slot))
+        return CLI_DONE;
+    write_slot("0", cli, slot, "/cipher");
+    write_slot("0", cli, slot, "/auth");
+    confirm_cipher(slot, "None");
+    cli_printf("NOTICE: Authentication Type is set to Open-System\n");
+    pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
+}
+
+int get_priority(CliContext &cli, const char *, CliCommand *) {
+    ValueBuffer value;
+    if (!value)
+        return refuse(" can't alloc memory.\n");
+    cfg_get(value, "/wlan/inf:%d/pri_bit", interface_number(cli));
+    cli_printf("Priority of primary SSID is %d\n", value.number());
+    return CLI_DONE;
+}
+
+int get_slot_wep_key(CliContext &cli, const char *, CliCommand *) {
+    Slot slot{};
+    if (!take_only_slot(cli, slot))
+        return CLI_DONE;
+    ValueBuffer value;
+    if (!value)
+        return refuse("%s", CANT_ALLOC_MEMORY);
+    const int key = slot_number(value, cli, slot, "/wep_key_index");
+    const bool used = slot_number(value, cli, slot, "/cipher") != CIPHER_NONE;
+    const auto show = [&](const char *subject, const char *text) {
+        cli_printf("%s of Multi-SSID (index %d) is %s\n", subject, slot.number, used ? text : "");
+    };
+
+    DecimalText number;
+    show("Default WEP Key Index", number.of(key));
+    cfg_get(value, "/wlan/inf:%d/wepkey:%d/keylength", interface_number(cli), key);
+    show("WEP Key Length", number.of(value.number()));
+    cfg_get(value, "/wlan/inf:%d/wepkey:%d/keyformat", interface_number(cli), key);
+    const char *format = key_format_name(value.number());
+    show("WEP Key Entry Method", format != nullptr ? format : "error");
+    cfg_get(value, "/wlan/inf:%d/wepkey:%d", interface_number(cli), key);
+    show("WEP Key", value.text());
+    return CLI_DONE;
+}
