@@ -1,7 +1,27 @@
+// The wireless distribution system (WDS): peers of the radio, live links, site survey.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> wds_set_rows{};
+int add_wds_peer(CliContext &cli, const char *word, CliCommand *subtable);
+int delete_wds_peer(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> wds_get_rows{};
+// Surveys the operating band.
+int scan_wds(CliContext &cli, const char *word, CliCommand *subtable);
+
+int get_wds_peers(CliContext &cli, const char *word, CliCommand *subtable);
+int get_wds_links(CliContext &cli, const char *word, CliCommand *subtable);
+int get_wds_survey(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constexpr auto wds_set_rows = command_rows({
+    {"wdsmacadd", "Set WDS MAC address <xx:xx:xx:xx:xx:xx> [index:1--4]", add_wds_peer},
+    {"wdsmacdel", "Delete WDS MAC address [index:1--4]", delete_wds_peer},
+    {"wdsscan", "Set WDS site survey", scan_wds},
+});
+
+inline constexpr auto wds_get_rows = command_rows({
+    {"wdsmac", "Display WDS MAC address", get_wds_peers},
+    {"wdsinfo", "Display WDS link information", get_wds_links},
+    {"wdsscaninfo", "Display WDS site survey", get_wds_survey},
+});
