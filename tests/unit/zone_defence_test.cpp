@@ -1,0 +1,73 @@
+// Zone defence of the IPv6 addresses, which no word of the console reaches.
+#include "fake_daemon.h"
+#include "typed_line.h"
+
+#include "commands/zone_defence.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Requests = std::vector<std::string>;
+
+std::string entry(int index) {
+    return "/wlan/inf:1/zonedefence_ip/ipv6addr:" + std::to_string(index);
+}
+
+class ZoneIpv6 : public testing::Test {
+protected:
+    void SetUp() override { pending_apply = 0; }
+
+    // On the 5 GHz radio, since the list is the first radio's whatever the current one.
+    static CommandRun add(const std::string &line) {
+        return call_handler(add_zone_ipv6_address, line, nullptr, 1);
+    }
+    static CommandRun remove(const std::string &line) {
+        return call_handler(delete_zone_ipv6_address, line, nullptr, 1);
+    }
+
+    void expect_refused(const CommandRun &run, const std::string &message) {
+        EXPECT_EQ(run.result, CLI_REFUSED);
+        EXPECT_EQ(run.out, message);
+        EXPECT_EQ(daemon_.take_writes(), Requests{});
+        EXPECT_EQ(pending_apply, 0U);
+    }
+
+    FakeDaemon daemon_;
+};
+
+TEST_F(ZoneIpv6, StoresTheCanonicalTextInTheFirstEmptyEntry) {
+    daemon_.put(entry(1), "fe80::1");
+    const CommandRun run = add("2001:DB8:0:0:0:0:0:1");
+    EXPECT_EQ(run.result, CLI_DONE);
+    EXPECT_EQ(run.out, "");
+    EXPECT_EQ(daemon_.take_writes(), Requests{"set " + entry(2) + " 2001:db8::1"});
+    EXPECT_EQ(pending_apply, APPLY_WLAN);
+}
+
+TEST_F(ZoneIpv6, RefusesDuplicatesAndTheSixtyFifthAddress) {
+    for (int index = 1; index <= 64; ++index)
+        daemon_.put(entry(index), "fe80::" + std::to_string(index));
+    expect_refused(add("FE80:0::64"), "error! the ip address already exist!\n");
+    expect_refused(add("::1"), " Error! Zonedefence IP entry number only allow maximum 64\n");
+}
+
+TEST_F(ZoneIpv6, DeletesWhatStandsBeforeTheFirstHole) {
+    daemon_.put(entry(1), "fe80::1");
+    daemon_.put(entry(2), "fe80::2");
+    daemon_.put(entry(4), "fe80::4");
+    expect_refused(remove("fe80::4"), "error macaddrdel!\n");
+    EXPECT_EQ(remove("FE80::0:2").result, CLI_DONE);
+    EXPECT_EQ(daemon_.take_writes(), Requests{"del " + entry(2)});
+    EXPECT_EQ(pending_apply, APPLY_WLAN);
+}
+
+TEST_F(ZoneIpv6, RefusesWhatIsNoAddress) {
+    expect_refused(add(""), "Command line is not complete.\n");
+    expect_refused(remove(""), "Command line is not complete.\n");
+    expect_refused(add("fe80::1%eth0"), "Illegal format.\n");
+    expect_refused(remove("10.0.0.1"), "Illegal format.\n");
+    expect_refused(add("fe80::1 fe80::2"), "No IP Address!\n");
+}
+
+} // namespace
