@@ -1,0 +1,273 @@
+// The way to the configuration database: client, node access, array bookkeeping.
+#include "fake_daemon.h"
+#include "typed_line.h"
+
+#include "config/array_sync.h"
+#include "config/node_access.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Lines = std::vector<std::string>;
+using Manner = FakeDaemon::Manner;
+
+// What xmldb_get and its like copy to a stream.
+std::string copied_text(std::uint16_t action, const char *path, int &result) {
+    char *text = nullptr;
+    std::size_t size = 0;
+    std::FILE *stream = open_memstream(&text, &size);
+    const UniqueFd connection = xmldb_open(nullptr);
+    result = xmldb_text_action(connection, action, 0, path, stream);
+    std::fclose(stream);
+    std::string copied(text, size);
+    std::free(text);
+    return copied;
+}
+
+std::size_t occurrences(const std::string &text, const std::string &part) {
+    std::size_t count = 0;
+    for (std::size_t at = 0; (at = text.find(part, at)) != std::string::npos; at += part.size())
+        ++count;
+    return count;
+}
+
+TEST(XmldbClient, CopiesTextsOfAnyLength) {
+    FakeDaemon daemon;
+    // Up to the size of a read, and beyond: the NUL decides where a text ends.
+    for (const std::size_t length : {0, 1, 1022, 1023, 1024, 1025, 2047, 5000}) {
+        daemon.put("/node", std::string(length, 'v'));
+        int result = -1;
+        EXPECT_EQ(copied_text(XMLDB_GET, "/node", result), daemon.node("/node"));
+        EXPECT_EQ(result, 0);
+    }
+    int result = -1;
+    copied_text(XMLDB_TEXT_7, "/a%sb", result);
+    EXPECT_EQ(daemon.take_requests().back(), "7 /a%sb");
+}
+
+TEST(XmldbClient, CutsWhatTheProtocolHasNoRoomFor) {
+    FakeDaemon daemon;
+    const std::string text(2000, 'x');
+    EXPECT_EQ(xmldb_set(xmldb_open(nullptr), 0, "/p", text.c_str()), 0);
+    EXPECT_EQ(xmldb_pair_action(xmldb_open(nullptr), 0, "one", text.c_str()), 0);
+    EXPECT_EQ(xmldb_status_action(xmldb_open(nullptr), XMLDB_STATUS_5, 0, text.c_str()), 0);
+    char buffer[8] = "-------";
+    EXPECT_EQ(xmldb_get_format(xmldb_open(nullptr), buffer, 3, "/%s", text.c_str()), 1);
+    EXPECT_EQ(buffer[0], '\0');
+    EXPECT_EQ(buffer[1], '-');
+    EXPECT_EQ(daemon.take_requests(),
+              (Lines{"set /p " + text.substr(0, 1020), "8 one " + text.substr(0, 251), "5 " + text,
+                     "get /" + text.substr(0, 510)}));
+}
+
+TEST(XmldbClient, SaysWhichSocketWasAskedFor) {
+    const CapturedOutput output = capture_output([] { xmldb_open("/nowhere/socket"); });
+    EXPECT_EQ(output.err, "Cound not connect to unix socket: /nowhere/socket.\n");
+    EXPECT_EQ(output.out, "");
+}
+
+TEST(NodeAccess, WritesReadsAndDeletes) {
+    FakeDaemon daemon;
+    EXPECT_EQ(cfg_set("a b  %s", "/wlan/inf:%d/ssid", 2), 0);
+    EXPECT_EQ(cfg_set_number(-5, "/n"), 0);
+    ValueBuffer value;
+    EXPECT_EQ(cfg_get(value, "/wlan/inf:%d/ssid", 2), 0);
+    EXPECT_STREQ(value.text(), "a b  %s");
+    EXPECT_EQ(cfg_number("/n"), -5);
+    EXPECT_EQ(cfg_del("/wlan/inf:2/ssid"), 0);
+    // What was read before is gone, not left to be taken for the node's text.
+    EXPECT_EQ(cfg_get(value, "/wlan/inf:%d/ssid", 2), 0);
+    EXPECT_TRUE(value.empty());
+    EXPECT_EQ(daemon.take_writes(),
+              (Lines{"set /wlan/inf:2/ssid a b  %s", "set /n -5", "del /wlan/inf:2/ssid"}));
+}
+
+TEST(NodeAccess, EndsEveryTextAtItsLimit) {
+    FakeDaemon daemon;
+    daemon.put("/runtime/layout/countrycode", "840 and more");
+    ShortValue<3> code;
+    cfg_get(code, "/runtime/layout/countrycode");
+    EXPECT_STREQ(code.text(), "840");
+    const std::string path = '/' + std::string(5000, 'p');
+    cfg_get(code, "%s", path.c_str());
+    EXPECT_EQ(daemon.take_requests().back(), "get " + path.substr(0, 4095));
+}
+
+TEST(NodeAccess, WritesOnceAndReadsAllFlagsBefore) {
+    FakeDaemon daemon;
+    const int before = daemon.connections();
+    cfg_set("1", "/node");
+    EXPECT_EQ(daemon.connections() - before, 33);
+    const Lines requests = daemon.take_requests();
+    ASSERT_EQ(requests.size(), 33U);
+    EXPECT_EQ(requests.front(), "get /aparray/sync/ssid");
+    EXPECT_EQ(requests[16], "get /aparray/sync/multi/ssid");
+    EXPECT_EQ(requests[31], "get /aparray/sync/login");
+    EXPECT_EQ(requests.back(), "set /node 1");
+}
+
+TEST(NodeAccess, ReportsADeadDaemon) {
+    FakeDaemon daemon;
+    daemon.stop();
+    const std::string once = "Cound not connect to unix socket: (null).\n"
+                             "Cannot open database.: No such file or directory\n";
+    ShortValue<7> value;
+    int got = 0;
+    int set = 0;
+    int deleted = 0;
+    EXPECT_EQ(capture_output([&] { got = cfg_get(value, "/a"); }).err, once);
+    const std::string setting = capture_output([&] { set = cfg_set("1", "/a"); }).err;
+    EXPECT_EQ(setting.size(), 33 * once.size());
+    EXPECT_EQ(occurrences(setting, once), 33U);
+    EXPECT_EQ(capture_output([&] { deleted = cfg_del("/a"); }).err, once);
+    EXPECT_EQ(got, -1);
+    EXPECT_EQ(set, -1);
+    EXPECT_EQ(deleted, -1);
+}
+
+TEST(NodeAccess, SurvivesAMisbehavingDaemon) {
+    FakeDaemon daemon;
+    daemon.put("/node", "text");
+    const struct {
+        Manner manner;
+        const char *text; // what a read of 7 bytes gives
+        int set;
+    } cases[] = {
+        {Manner::HangUp, "", -1},
+        {Manner::NoAnswer, "", -1},
+        {Manner::NoNul, "text", 0},
+        {Manner::Huge, "xxxxxxx", 0},
+        {Manner::Garbage, "\x01\xff%s%n\x1b", 0},
+        {Manner::ShortReply, "te", -1},
+        {Manner::Refusal, "text", -1},
+    };
+    for (const auto &one : cases) {
+        SCOPED_TRACE(static_cast<int>(one.manner));
+        daemon.behave(one.manner);
+        ShortValue<7> value;
+        const CapturedOutput output = capture_output([&] {
+            cfg_get(value, "/node");
+            EXPECT_EQ(cfg_set("new", "/other"), one.set);
+            EXPECT_EQ(cfg_del("/other"), one.set);
+        });
+        EXPECT_STREQ(value.text(), one.text);
+        EXPECT_EQ(output.out, "");
+        EXPECT_EQ(output.err.find("Set ERROR!: ") != std::string::npos, one.set == -1);
+        EXPECT_EQ(output.err.find("Del ERROR!: ") != std::string::npos, one.set == -1);
+    }
+}
+
+// Writes to a path with one item's flag on, and tells whether it marked the configuration.
+bool marks(FakeDaemon &daemon, const char *item, const std::string &path, const char *flag = "1") {
+    const std::string node = std::string("/aparray/sync/") + item;
+    daemon.put(node, flag);
+    array_cfg_dirty = 0;
+    cfg_set("x", "%s", path.c_str());
+    daemon.put(node, "");
+    return std::exchange(array_cfg_dirty, 0) == 1;
+}
+
+TEST(ArraySync, KeepsEveryItemsRules) {
+    FakeDaemon daemon;
+    const struct {
+        const char *item;
+        Lines hits;
+        Lines misses;
+    } cases[] = {
+        {"ssid", {"/wlan/inf:1/ssid"}, {"/wlan/inf:2/ssid", "/wlan/inf:1/ssidhidden"}},
+        {"ssidhidden", {"/wlan/inf:1/ssidhidden"}, {"/wlan/inf:1/ssid", "/wlan/inf:1/ssidhidde"}},
+        {"autochannel", {"/wlan/inf:1/autochannel"}, {"/wlan/inf:1/channel"}},
+        {"channelwidth", {"/wlan/inf:1/cwmmode"}, {"/wlan/inf:1/channelwidth"}},
+        {"security",
+         {"/wlan/inf:1/authentication", "/wlan/inf:1/defkey", "/wlan/inf:1/wpa/embradius/state",
+          "/wlan/inf:1/wpa/grp_rekey_interval", "/wlan/inf:1/wepkey:1", "/wlan/inf:1/wpa",
+          "/any/wlan/inf:1/wpafoo", "/any/wlan/inf:1/wepkey"},
+         {"/wlan/inf:1/authentication/x", "/wlan/inf:1/defkey2", "/wlan/inf:2/wpa/wepkey"}},
+        {"fixedrate", {"/wlan/inf:1/fixedrate"}, {"/wlan/inf:1/fixedrate/x"}},
+        {"beaconinterval", {"/wlan/inf:1/beaconinterval"}, {"/wlan/inf:2/beaconinterval"}},
+        {"dtim", {"/wlan/inf:1/dtim"}, {"/wlan/inf:2/dtim"}},
+        {"txpower", {"/wlan/inf:1/txpower"}, {"/wlan/inf:1/fixpower"}},
+        {"wmm", {}, {"/wlan/inf:1/wmm/enable", "/wlan/inf:2/wmm/enable"}},
+        {"acktimeout",
+         {"/wlan/inf:1/acktimeout_a", "/wlan/inf:1/acktimeout_g"},
+         {"/wlan/inf:1/acktimeout", "/wlan/inf:2/acktimeout_a"}},
+        {"shortgi", {"/wlan/inf:1/shortgi"}, {"/wlan/inf:2/shortgi"}},
+        {"igmpsnoop", {"/wlan/inf:1/igmpsnoop"}, {"/wlan/inf:2/igmpsnoop"}},
+        {"connectionlimit", {"/wlan/inf:1/assoc_limit/enable"}, {"/wlan/inf:1/assoc_limit/number"}},
+        {"linkintegrity", {"/wlan/inf:1/ethlink"}, {"/wlan/inf:2/ethlink"}},
+        {"acl",
+         {"/wlan/inf:1/acl/mode", "/wlan/inf:1/acl/mac:7", "/wlan/inf:1/acl/macaroni",
+          "/wlan/inf:1/multi/index:1/w_partition", "/wlan/inf:1/multi/index:7/w_partition"},
+         {"/wlan/inf:1/acl/modes", "/wlan/inf:1/acl/ma", "/wlan/inf:1/w_partition",
+          "/wlan/inf:1/multi/index:8/w_partition"}},
+        {"multi/ssid",
+         {"/wlan/inf:1/multi/index:2/ssid", "/wlan/inf:1/multi/index:2/ssid_hidden"},
+         {"/wlan/inf:2/multi/index:2/ssid", "/wlan/inf:1/ssid", "/wlan/inf:1/multi/state"}},
+        {"multi/ssid_hidden",
+         {"/wlan/inf:1/multi/index:2/ssid_hidden"},
+         {"/wlan/inf:1/multi/index:2/ssid"}},
+        {"multi/security",
+         {"/wlan/inf:1/multi/index:1/auth", "/wlan/inf:1/multi/index:1/cipher",
+          "/wlan/inf:1/multi/index:1/wep_key_index", "/wlan/inf:1/multi/index:1/passphrase",
+          "/wlan/inf:1/multi/index:1/interval", "/wlan/inf:1/multi/index:1/radius_server",
+          "/wlan/inf:1/multi/index:1/radius_port", "/wlan/inf:1/multi/index:1/radius_secret",
+          "/wlan/inf:1/multi/index:1/acctstate", "/wlan/inf:1/multi/index:1/acctserver",
+          "/wlan/inf:1/multi/index:1/acctport", "/wlan/inf:1/multi/index:1/acctsecret"},
+         {"/wlan/inf:1/multi/index:1/ssid", "/wlan/inf:2/multi/index:1/auth",
+          "/wlan/inf:1/multi/index:1/radius_", "/wlan/inf:1/multi/index:1/wep_key"}},
+        {"multi/wmm",
+         {"/wlan/inf:1/multi/index:3/wmm/enable"},
+         {"/wlan/inf:1/multi/index:3/wmm", "/wlan/inf:1/wmm/enable"}},
+        {"qos",
+         {"/qos/", "/qos/mode", "/lan/ethernet/updownlink", "/wlan/inf:1/updownlink",
+          "/wlan/inf:1/multi/index:1/updownlink", "/wlan/inf:1/multi/indexes",
+          "/wlan/inf:1/wds/list/index:4/mac", "/trafficctrl/qos/rule:1"},
+         {"/qos", "/lan/ethernet/updownlink2", "/wlan/inf:2/updownlink", "/wlan/inf:1/wds/list",
+          "/trafficctrl"}},
+        {"vlan",
+         {"/sys/group_vlan", "/sys/group_vlan/index:1/x", "/sys/vlan_state", "/sys/vlan_mode",
+          "/sys/vlan_id", "/lan/ethernet/vlan_id", "/sys/auto_set_pvid", "/wlan/inf:1/vlan_id"},
+         {"/sys/group_vla", "/sys/vlan_states", "/wlan/inf:2/vlan_id"}},
+        {"schedule", {"/schedule/x"}, {"/schedule", "/sys/schedule/x"}},
+        {"time", {"/time/timezone"}, {"/time", "/runtime/time/x"}},
+        {"log", {"/sys/log/level", "/security/log/x"}, {"/sys/log", "/sys/login", "/security/x"}},
+        {"adminlimit", {"/sys/adminlimit/status"}, {"/sys/adminlimit"}},
+        {"system",
+         {"/sys/systemName", "/sys/systemLocation"},
+         {"/sys/systemname", "/sys/systemName2", "/sys/systemlocation"}},
+        {"consoleprotocol",
+         {"/sys/consoleprotocol/protocol", "/sys/consoleprotocol/timeout"},
+         {"/sys/consoleprotocol/", "/sys/consoleprotocol"}},
+        {"snmp",
+         {"/sys/snmpd/status", "/sys/snmptrap/status"},
+         {"/sys/snmpd", "/sys/snmptrap/statuses"}},
+        {"pingctl", {"/sys/pingctl"}, {"/sys/pingctl/x"}},
+        {"dhcp", {"/lan/dhcp/server/enable"}, {"/lan/dhcp", "/lan/dhcps/x"}},
+        {"login",
+         {"/sys/user:1/password", "/sys/user:1/name"},
+         {"/sys/user:2/password", "/sys/user:1/group"}},
+    };
+    ASSERT_EQ(std::size(cases), SYNC_ITEM_COUNT);
+    for (const auto &one : cases) {
+        for (const std::string &path : one.hits)
+            EXPECT_TRUE(marks(daemon, one.item, path)) << one.item << ' ' << path;
+        for (const std::string &path : one.misses)
+            EXPECT_FALSE(marks(daemon, one.item, path)) << one.item << ' ' << path;
+    }
+}
+
+TEST(ArraySync, ReadsFlagsAsNumbers) {
+    FakeDaemon daemon;
+    EXPECT_TRUE(marks(daemon, "dtim", "/wlan/inf:1/dtim", "01"));
+    for (const char *flag : {"0", "", "on", "2", "-1", "11"})
+        EXPECT_FALSE(marks(daemon, "dtim", "/wlan/inf:1/dtim", flag)) << flag;
+    // Once set it stays, whatever is written next; a failed write marks as well.
+    daemon.put("/aparray/sync/dtim", "1");
+    daemon.behave(Manner::Refusal);
+    capture_output([] { cfg_set("1", "/wlan/inf:1/dtim"); });
+    capture_output([] { cfg_set("1", "/other"); });
+    EXPECT_EQ(std::exchange(array_cfg_dirty, 0), 1U);
+}
+
+} // namespace
