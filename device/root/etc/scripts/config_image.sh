@@ -1,8 +1,11 @@
 # The configuration image: a header of 100 bytes, the settings as text, compressed. The header is
 # the firmware's signature, a separator byte, and a line about this save, so images of the same
-# settings differ in their headers only. The console expects images of at most 10240 bytes.
+# settings differ in their headers only. Zeros fill the last block of flash. The console handles
+# images of at most 10240 bytes, hence the strong compression: a device with every table full of
+# rules stays below.
 
 IMAGE_HEADER=100
+IMAGE_BLOCK=1024
 
 image_signature() { node /runtime/layout/image_sign; }
 
@@ -16,8 +19,10 @@ write_image() {
     {
         printf '%s\n' "$signature"
         printf "%-$width.${width}s\n" "save $saves, $(date '+%Y-%m-%d %H:%M:%S')"
-        rgdb -C - | gzip -9
-    } >"$1"
+        rgdb -C - | bzip2
+    } >"$1" || return
+    fill=$((IMAGE_BLOCK - $(wc -c <"$1") % IMAGE_BLOCK))
+    head -c $((fill % IMAGE_BLOCK)) /dev/zero >>"$1"
 }
 
 # load_image FILE: also of an image whose signature and separator are gone, and with zeros behind
@@ -29,7 +34,7 @@ load_image() {
     header=$IMAGE_HEADER
     [ "$(head -c ${#signature} "$1" | tr '\0' ' ')" = "$signature" ] ||
         header=$((IMAGE_HEADER - ${#signature} - 1))
-    tail -c +$((header + 1)) "$1" | gunzip >/tmp/image.$$ 2>/dev/null
+    tail -c +$((header + 1)) "$1" | bunzip2 >/tmp/image.$$ 2>/dev/null
     rgdb -q -l /tmp/image.$$ 2>/dev/null
     status=$?
     rm -f /tmp/image.$$
