@@ -1,4 +1,5 @@
 // Zone defence of the IPv6 addresses, which no word of the console reaches.
+#include "failing_allocation.h"
 #include "fake_daemon.h"
 #include "typed_line.h"
 
@@ -68,6 +69,11 @@ TEST_F(ZoneIpv6, RefusesWhatIsNoAddress) {
     expect_refused(add("fe80::1%eth0"), "Illegal format.\n");
     expect_refused(remove("10.0.0.1"), "Illegal format.\n");
     expect_refused(add("fe80::1 fe80::2"), "No IP Address!\n");
+}
+
+TEST_F(ZoneIpv6, RefusesWithoutMemory) {
+    const FailingAllocation failing(1, true);
+    expect_refused(add("fe80::1"), "Too few memory.\n");
 }
 
 } // namespace
