@@ -1,7 +1,160 @@
+// The DHCP server for the LAN: its pool, what it hands out, its leases and its static leases.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "commands/lan_ip.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> dhcp_set_rows{};
+#include <algorithm>
+#include <string_view>
 
-inline constexpr std::array<CliCommand, 0> dhcp_get_rows{};
+// What the console says about one static lease.
+struct StaticLease {
+    char word[sizeof "pool_25"] = "";
+    char enable_help[sizeof "enable dhcp staticip pool 25"] = "";
+    char disable_help[sizeof "disable dhcp staticip pool 25"] = "";
+};
+
+inline constexpr int STATIC_LEASE_COUNT = 25;
+
+struct StaticLeases {
+    StaticLease leases[STATIC_LEASE_COUNT];
+};
+
+// Writes `text` and a number of one or two digits.
+consteval void put_numbered(char *to, std::string_view text, int number) {
+    to = std::copy(text.begin(), text.end(), to);
+    if (number >= 10)
+        *to++ = static_cast<char>('0' + number / 10);
+    *to = static_cast<char>('0' + number % 10);
+}
+
+consteval StaticLeases make_static_leases() {
+    StaticLeases all;
+    int number = 0;
+    for (StaticLease &lease : all.leases) {
+        ++number;
+        put_numbered(lease.word, "pool_", number);
+        put_numbered(lease.enable_help, "enable dhcp staticip pool ", number);
+        // One of the help texts says the opposite. Meant so.
+        put_numbered(lease.disable_help,
+                     number == 22 ? "enable dhcp staticip pool " : "disable dhcp staticip pool ",
+                     number);
+    }
+    return all;
+}
+
+inline constexpr StaticLeases STATIC_LEASES = make_static_leases();
+
+int set_dhcp_netmask(CliContext &cli, const char *word, CliCommand *subtable);
+int set_dhcp_leasetime(CliContext &cli, const char *word, CliCommand *subtable);
+
+// The static lease that was named, on or off.
+int enable_static_lease(CliContext &cli, const char *word, CliCommand *subtable);
+int disable_static_lease(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Put a word into the first static lease whose host name, address or MAC is empty, each column by
+// itself; refused when an entry before it holds the same, or when all 25 are filled.
+int add_static_hostname(CliContext &cli, const char *word, CliCommand *subtable);
+int add_static_ip(CliContext &cli, const char *word, CliCommand *subtable);
+int add_static_mac(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Prints a line "LABEL:N-->TEXT" for each entry of the list of `pattern` up to the first empty
+// one, its text named by `name` if there is one. Returns 0; or -1 after "no enough memory!".
+int show_list_column(const char *pattern, const char *label, NumberName *name);
+
+// The handler of such a row.
+template <FixedText Pattern, FixedText Label, NumberName *Name = nullptr>
+int show_column(CliContext &, const char *, CliCommand *) {
+    static_assert(Pattern.converts_only('d'));
+    return show_list_column(Pattern.text, Label.text, Name);
+}
+
+inline constinit auto dhcp_server_rows = command_table({
+    {"enable", "enable dhcp server", write_fixed<"/lan/dhcp/server/enable", "1", APPLY_DHCPD>},
+    {"disable", "disable dhcp server", write_fixed<"/lan/dhcp/server/enable", "0", APPLY_DHCPD>},
+});
+
+// Not the node that `get dhcp_staticip_mode` shows, which is the running server's. Meant so, as is
+// the path without its leading slash.
+inline constinit auto dhcp_static_mode_rows = command_table({
+    {"enable", "enable dhcp server",
+     write_fixed<"lan/dhcp/server/pool:1/staticDhcp/enable", "1", APPLY_DHCPD>},
+    {"disable", "disable dhcp server",
+     write_fixed<"lan/dhcp/server/pool:1/staticDhcp/enable", "0", APPLY_DHCPD>},
+});
+
+inline constinit auto static_lease_enable_rows =
+    command_table_of(STATIC_LEASES.leases, [](const StaticLease &lease) {
+        return CliCommand{lease.word, lease.enable_help, enable_static_lease};
+    });
+
+inline constinit auto static_lease_disable_rows =
+    command_table_of(STATIC_LEASES.leases, [](const StaticLease &lease) {
+        return CliCommand{lease.word, lease.disable_help, disable_static_lease};
+    });
+
+inline constexpr auto dhcp_set_rows = command_rows({
+    {"dhcp_server", "Set dhcp server states ", dispatch_subtable, dhcp_server_rows.data()},
+    {"dhcp_server_static_ip_mode", "Set dhcp server static ip mode states ", dispatch_subtable,
+     dhcp_static_mode_rows.data()},
+    // This address and the netmask restart the LAN side, the others the server alone. Meant so.
+    {"dhcp_startip", "Set dhcp server start ip  ",
+     set_host_address<"/lan/dhcp/server/pool:1/startip", APPLY_LAN, "No IP Address!\n">},
+    {"dhcp_endip", "Set dhcp server end ip  ",
+     set_host_address<"/lan/dhcp/server/pool:1/endip", APPLY_DHCPD, "No IP Address!\n">},
+    {"dhcp_dns", "Set dhcp server dns ip  ",
+     set_host_address<"/lan/dhcp/server/pool:1/dns1", APPLY_DHCPD, "No IP Address!\n">},
+    {"dhcp_gateway", "Set dhcp server gateway ip  ",
+     set_host_address<"/lan/dhcp/server/pool:1/gateway", APPLY_DHCPD, "No gateway!\n">},
+    {"dhcp_wins", "Set dhcp server wins ip  ",
+     set_host_address<"/lan/dhcp/server/pool:1/primarywins", APPLY_DHCPD, "No wins!\n">},
+    {"dhcp_netmask", "set dhcp server netmask", set_dhcp_netmask},
+    {"dhcp_leasetime", "set dhcp server lease time", set_dhcp_leasetime},
+    {"dhcp_staticip_set_enable", "set dhcp staticip enable", dispatch_subtable,
+     static_lease_enable_rows.data()},
+    {"dhcp_staticip_set_disable", "set dhcp staticip disable", dispatch_subtable,
+     static_lease_disable_rows.data()},
+    {"dhcp_staticip_set_hostname", "set dhcp staticip's hostname ", add_static_hostname},
+    {"dhcp_staticip_set_ip", "set dhcp staticip's ip ", add_static_ip},
+    {"dhcp_staticip_set_mac", "set dhcp staticip's mac <macaddradd macaddress>  ", add_static_mac},
+});
+
+inline constexpr auto dhcp_get_rows = command_rows({
+    {"dhcp_dns", "Display dhcp server dns ip", run_fixed<"rgdb -g /lan/dhcp/server/pool:1/dns1">},
+    {"dhcp_endip", "Display dhcp server end ip",
+     run_fixed<"rgdb -g /lan/dhcp/server/pool:1/endip">},
+    {"dhcp_gateway", "Display dhcp server gateway ip",
+     run_fixed<"rgdb -g /lan/dhcp/server/pool:1/gateway">},
+    {"dhcp_netmask", "Display dhcp server netmask",
+     run_fixed<"rgdb -g /lan/dhcp/server/pool:1/netmask">},
+    {"dhcp_startip", "Display dhcp server start ip",
+     run_fixed<"rgdb -g /lan/dhcp/server/pool:1/startip">},
+    {"dhcp_wins", "Display dhcp server wins ip",
+     run_fixed<"rgdb -g /lan/dhcp/server/pool:1/primarywins">},
+    // Labelled like the state. Meant so.
+    {"dhcp_leasetime", "Display dhcp server leasetime",
+     show_text<"/lan/dhcp/server/pool:1/leasetime", "dhcp server:%s\n">},
+    {"dhcp_server", "Display dhcp server states",
+     show_switch<"/lan/dhcp/server/enable", "dhcp server:%s\n">},
+    {"dhcp_staticip_mode", "Display dhcp server static mode states",
+     show_switch<"/runtime/func/static_dhcp", "dhcp server static ip mode:%s\n">},
+    {"dhcp_sta_expire", "Display dhcp server sta's expire time",
+     show_column<"runtime/dhcpserver/lease:%d/expire", "sta's expire">},
+    {"dhcp_sta_hostname", "Display dhcp server sta's hostname",
+     show_column<"runtime/dhcpserver/lease:%d/hostname", "sta's hostname">},
+    {"dhcp_sta_mac", "Display dhcp server sta's mac",
+     show_column<"runtime/dhcpserver/lease:%d/mac", "sta's mac">},
+    {"dhcp_sta_ip", "Display dhcp server sta's ip",
+     show_column<"runtime/dhcpserver/lease:%d/ip", "sta's ip">},
+    {"dhcp_staticip_ip", "Display dhcp server static mode ip",
+     show_column<"/lan/dhcp/server/pool:1/staticdhcp/entry:%d/ip", "statip mode ip">},
+    {"dhcp_staticip_mac", "Display dhcp server static mode mac",
+     show_column<"/lan/dhcp/server/pool:1/staticdhcp/entry:%d/mac", "staticip mac">},
+    {"dhcp_staticip_hostname", "Display dhcp server static mode hostname",
+     show_column<"lan/dhcp/server/pool:1/staticdhcp/entry:%d/hostname", "static ip hostname">},
+    {"dhcp_staticip_pool_state", "Display dhcp server static mode pool state",
+     show_column<"/lan/dhcp/server/pool:1/staticdhcp/entry:%d/enable", "static ip pool state",
+                 switch_name>},
+});

@@ -1,0 +1,111 @@
+#include "commands/dhcp.h"
+
+#include "commands/address.h"
+#include "commands/numbered_list.h"
+#include "config/node_access.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+namespace {
+
+// One column of the static leases, and how it refuses a value.
+struct StaticColumn {
+    NumberedList list;
+    const char *exists;
+    const char *full;
+};
+
+constexpr StaticColumn HOST_NAMES = {
+    NumberedList("/lan/dhcp/server/pool:1/staticdhcp/entry:%d/hostname"),
+    "error! the hostname already exist!\n", "pool is full !\n"};
+constexpr StaticColumn ADDRESSES = {NumberedList("/lan/dhcp/server/pool:1/staticdhcp/entry:%d/ip"),
+                                    "error! sta ip already exist!\n", "pool is full!\n"};
+constexpr StaticColumn MACS = {NumberedList("/lan/dhcp/server/pool:1/staticdhcp/entry:%d/mac"),
+                               "error! the mac address already exist!\n", "pool is full!\n"};
+
+// `stored` is where the entries are read.
+int add_to_column(const StaticColumn &column, ValueBuffer &stored, const char *text) {
+    // The walk looks one entry further than the pool goes.
+    const ListPlace place = find_in_list(column.list, stored, text, STATIC_LEASE_COUNT + 1);
+    if (place.end == ListEnd::Match)
+        return refuse("%s", column.exists);
+    if (place.index > STATIC_LEASE_COUNT)
+        return refuse("%s", column.full);
+    column.list.write(place.index, text);
+    pending_apply |= APPLY_DHCPD;
+    return CLI_DONE;
+}
+
+int switch_static_lease(std::ptrdiff_t row, const char *state) {
+    cfg_set(state, "/lan/dhcp/server/pool:1/staticdhcp/entry:%d/enable", static_cast<int>(row) + 1);
+    pending_apply |= APPLY_DHCPD;
+    return CLI_DONE;
+}
+
+} // namespace
+
+int set_dhcp_netmask(CliContext &cli, const char *, CliCommand *) {
+    Ipv4Text mask{};
+    if (!take_netmask(cli, mask))
+        return refuse("NO Netmask Address!\n");
+    cfg_set(mask.data(), "/lan/dhcp/server/pool:1/netmask");
+    pending_apply |= APPLY_LAN;
+    return CLI_DONE;
+}
+
+int set_dhcp_leasetime(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 1)
+        return refuse("Error setting.\n");
+    cfg_set(arg_next(cli), "/lan/dhcp/server/pool:1/leasetime");
+    pending_apply |= APPLY_DHCPD;
+    return CLI_DONE;
+}
+
+int enable_static_lease(CliContext &, const char *, CliCommand *) {
+    return switch_static_lease(current_command - static_lease_enable_rows.data(), "1");
+}
+
+int disable_static_lease(CliContext &, const char *, CliCommand *) {
+    return switch_static_lease(current_command - static_lease_disable_rows.data(), "0");
+}
+
+int add_static_hostname(CliContext &cli, const char *, CliCommand *) {
+    ValueBuffer stored;
+    if (!stored)
+        return refuse("no enough memory!\n");
+    const char *name = arg_next(cli);
+    if (name == nullptr)
+        return refuse("error hostname !\n");
+    return add_to_column(HOST_NAMES, stored, name);
+}
+
+int add_static_ip(CliContext &cli, const char *, CliCommand *) {
+    ValueBuffer stored;
+    if (!stored)
+        return refuse("no enough memory!\n");
+    Ipv4Text address{};
+    if (!take_host_address(cli, address))
+        return refuse("No IP Address!\n");
+    return add_to_column(ADDRESSES, stored, address.data());
+}
+
+int add_static_mac(CliContext &cli, const char *, CliCommand *) {
+    ValueBuffer stored;
+    if (!stored)
+        return refuse("no enough memory!\n");
+    MacText mac{};
+    if (arg_count(cli) == 0 || arg_mac(cli, mac) == 0)
+        return refuse("error macaddradd!\n");
+    return add_to_column(MACS, stored, mac.data());
+}
+
+int show_list_column(const char *pattern, const char *label, NumberName *name) {
+    ValueBuffer value;
+    if (!value)
+        return refuse("no enough memory!\n");
+    for_each_entry(NumberedList(pattern), value, UNBOUNDED_LIST, [&](int index) {
+        cli_printf("%s:%d-->%s\n", label, index,
+                   name != nullptr ? name(value.number()) : value.text());
+    });
+    return CLI_DONE;
+}
