@@ -1,7 +1,38 @@
+// Renewing the SSIDs' keys on a schedule and mailing them to the administrator.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> autorekey_set_rows{};
+// All of these return 0, also after the usage lines of a refusal.
+int set_rekey_time(CliContext &cli, const char *word, CliCommand *subtable);
+int set_rekey_ssid(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> autorekey_get_rows{};
+// A refusal after the first word keeps what was written before it.
+int set_rekey_mail(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Schedule and current keys. Returns 0; or -1 after "memory error!".
+int get_rekey(CliContext &cli, const char *word, CliCommand *subtable);
+
+// The mail profile in use. Returns 0; or -1 after "memory error!".
+int get_rekey_mail(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto autorekey_rows = command_table({
+    {"time", "set autorekey change time", set_rekey_time},
+    {"ssid", "set autorekey ssid", set_rekey_ssid},
+    {"mailenable", "set autorekey mail enable",
+     write_fixed<"/security/log/smtpInfo", "1", APPLY_WLAN>},
+    {"maildisable", "set autorekey mail disable",
+     write_fixed<"/security/log/smtpInfo", "0", APPLY_WLAN>},
+    {"mail", "set autorekey mail", set_rekey_mail},
+});
+
+inline constexpr auto autorekey_set_rows = command_rows({
+    {"autorekey", "Set autorekey enable", dispatch_subtable, autorekey_rows.data()},
+});
+
+inline constexpr auto autorekey_get_rows = command_rows({
+    {"autorekey", "Display autorekey", get_rekey},
+    {"autorekey_smtp", "Display autorekey", get_rekey_mail},
+});
