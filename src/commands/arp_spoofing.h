@@ -1,7 +1,38 @@
+// ARP spoofing prevention: the gateways whose IP addresses are bound to their MAC addresses.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> arp_spoofing_set_rows{};
+// `set arpspoofing add <ip> <mac>`: into the first free one of eight rules.
+int add_arp_rule(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> arp_spoofing_get_rows{};
+// `set arpspoofing delete <index>`: leaves a hole, where the list ends from then on.
+int delete_arp_rule(CliContext &cli, const char *word, CliCommand *subtable);
+int delete_arp_rules(CliContext &cli, const char *word, CliCommand *subtable);
+int get_arp_rules(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto arp_status_rows = command_table({
+    {"enable", "Set ARP Spoofing Status Enabled",
+     write_fixed<"/arpspoofing/enable", "1", APPLY_ARPSPOOF,
+                 "ARP Spoofing Prevention Status: Enable\n">},
+    {"disable", "Set ARP Spoofing Status Disabled",
+     write_fixed<"/arpspoofing/enable", "0", APPLY_ARPSPOOF,
+                 "ARP Spoofing Prevention Status: Disable\n">},
+});
+
+inline constinit auto arp_spoofing_rows = command_table({
+    {"status", "Set ARP Spoofing Status", dispatch_subtable, arp_status_rows.data()},
+    {"add", "Add Gateway address", add_arp_rule},
+    {"delete", "Delete Gateway address", delete_arp_rule},
+    {"delall", "Delete all the Gateway address", delete_arp_rules},
+});
+
+inline constexpr auto arp_spoofing_set_rows = command_rows({
+    {"arpspoofing", "Set ARP Spoofing", dispatch_subtable, arp_spoofing_rows.data()},
+});
+
+inline constexpr auto arp_spoofing_get_rows = command_rows({
+    {"arpspoofing", "Display ARP Spoofing", get_arp_rules},
+});

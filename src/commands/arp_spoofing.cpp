@@ -1,0 +1,69 @@
+#include "commands/arp_spoofing.h"
+
+#include "commands/numbered_list.h"
+#include "config/node_access.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+namespace {
+
+constexpr int RULES = 8;
+constexpr NumberedList RULE("/arpspoofing/static/index:%d");
+constexpr NumberedList RULE_ADDRESS("/arpspoofing/static/index:%d/ip");
+constexpr NumberedList RULE_MAC("/arpspoofing/static/index:%d/mac");
+
+using RuleText = ShortValue<20>;
+
+int refuse_add() {
+    return refuse("set arpspoofing add <ip address> <mac address>\n");
+}
+
+} // namespace
+
+int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 2)
+        return refuse_add();
+    RuleText stored;
+    const ListPlace free_rule = find_in_list(RULE_ADDRESS, stored, "", RULES);
+    // Comes before a look at the words. Meant so.
+    if (free_rule.end == ListEnd::Full)
+        return refuse("Max rules num is 8! \nCan't add rule because table is full!\n");
+    std::uint32_t address = 0;
+    MacText mac{};
+    if (arg_ipv4(cli, address) == 0 || arg_mac(cli, mac) == 0)
+        return refuse_add();
+    RULE_ADDRESS.write(free_rule.index, ipv4_text(address).data());
+    RULE_MAC.write(free_rule.index, mac.data());
+    pending_apply |= APPLY_ARPSPOOF;
+    return CLI_DONE;
+}
+
+int delete_arp_rule(CliContext &cli, const char *, CliCommand *) {
+    const char *index = arg_peek(cli, 0);
+    if (arg_count(cli) != 1 || in_range(index, 1, RULES) == 0)
+        return refuse("set arpspoofing del <index>(1~8)\n"); // "del". Meant so.
+    RULE.remove(decimal_value(index));
+    pending_apply |= APPLY_ARPSPOOF;
+    return CLI_DONE;
+}
+
+int delete_arp_rules(CliContext &, const char *, CliCommand *) {
+    cfg_del("/arpspoofing/static");
+    pending_apply |= APPLY_ARPSPOOF;
+    cli_printf("ARP Spoofing List is Null!\n");
+    return CLI_DONE;
+}
+
+int get_arp_rules(CliContext &, const char *, CliCommand *) {
+    cli_printf("ARP Spoofing Status: %s\n",
+               capital_enable_word(cfg_number("/arpspoofing/enable") == 1));
+    cli_printf("----------------ARP Spoofing Prevention Rules---------------\n"
+               "Index\tGateway IP Address\tGateway MAC Address\n");
+    RuleText address;
+    for_each_entry(RULE_ADDRESS, address, RULES, [&](int index) {
+        RuleText mac;
+        RULE_MAC.read(mac, index);
+        cli_printf("%d\t%s\t\t%s\n", index, address.text(), mac.text());
+    });
+    return CLI_DONE;
+}
