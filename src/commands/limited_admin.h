@@ -1,7 +1,38 @@
+// Limited administration: managing the device only from one VLAN, from up to four address pools,
+// or both.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> limited_admin_set_rows{};
+// The setters return 0, also after a refusal.
 
-inline constexpr std::array<CliCommand, 0> limited_admin_get_rows{};
+// `set ladtype <0..3>`. A type with address pools needs one; a type with the VLAN switches VLAN
+// operation off.
+int set_admin_limit_type(CliContext &cli, const char *word, CliCommand *subtable);
+int set_admin_limit_vid(CliContext &cli, const char *word, CliCommand *subtable);
+
+// `set ladippool-add <index> <start> <end>`. Takes the pools out of the type when none is left.
+int add_admin_pool(CliContext &cli, const char *word, CliCommand *subtable);
+int delete_admin_pool(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Return 0; or -1 after "Error: fail to allocate memery" for a failed read.
+int get_admin_limit_vid(CliContext &cli, const char *word, CliCommand *subtable);
+int get_admin_pool(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constexpr auto limited_admin_set_rows = command_rows({
+    {"ladtype", "Limited Administration Type", set_admin_limit_type},
+    {"ladvid", "Vlan ID which can control device", set_admin_limit_vid},
+    {"ladippool-add", "Start IP of Limited Administration IP pool", add_admin_pool},
+    {"ladippool-del", "del IP of Limited Administration IP pool", delete_admin_pool},
+});
+
+inline constexpr auto limited_admin_get_rows = command_rows({
+    {"ladtype", "Limited Administration Type",
+     show_status<"/sys/adminlimit/status", "Limited Administration Disabled\n",
+                 "Administration with specific VLAN ID\n",
+                 "Administration with Limited IP address\n",
+                 "Administration with Limited IP address and VLAN ID\n">},
+    {"ladvid", "Vlan ID which can control device", get_admin_limit_vid},
+    {"ladippool", "Start IP of Limited Administration IP pool", get_admin_pool},
+});

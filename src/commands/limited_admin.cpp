@@ -1,0 +1,156 @@
+#include "commands/limited_admin.h"
+
+#include "config/apply.h"
+#include "config/node_access.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+#include <arpa/inet.h>
+#include <cstring>
+
+namespace {
+
+constexpr int POOLS = 4;
+
+constexpr int BY_VLAN = 1;
+constexpr int BY_ADDRESS = 2;
+constexpr int BY_BOTH = BY_VLAN | BY_ADDRESS;
+
+constexpr char TYPE[] = "/sys/adminlimit/status";
+
+bool covers(int type, int limit) {
+    return type >= 0 && type <= BY_BOTH && (type & limit) != 0;
+}
+
+// A text that is no address counts: its value is the library's mark of failure. Meant so.
+bool is_set_address(const char *edge, int pool) {
+    ShortValue<127> text;
+    cfg_get(text, "/sys/adminlimit/ipentry/index:%d/%s", pool, edge);
+    return !text.empty() && std::strcmp(text.text(), "0") != 0 && inet_addr(text.text()) != 0;
+}
+
+bool has_pool() {
+    for (int pool = 1; pool <= POOLS; ++pool) {
+        if (is_set_address("ippoolstart", pool) || is_set_address("ippoolend", pool))
+            return true;
+    }
+    return false;
+}
+
+void write_pool(int pool, const char *start, const char *end) {
+    cfg_set(start, "/sys/adminlimit/ipentry/index:%d/ippoolstart", pool);
+    cfg_set(end, "/sys/adminlimit/ipentry/index:%d/ippoolend", pool);
+    pending_apply |= APPLY_WAN;
+}
+
+// One word in low..high, and nothing else.
+bool is_only_word_in(const CliContext &cli, int low, int high) {
+    return arg_count(cli) == 1 && in_range(arg_peek(cli, 0), low, high) != 0;
+}
+
+int refuse_type() {
+    print_lines({"Please specify available Limited Administration type.",
+                 "    0: Limited Administration Disabled", "    1: Administration with VID",
+                 "    2: Administration with Limited IP address",
+                 "    3: Both VID and IP address"});
+    return CLI_DONE;
+}
+
+int fail_to_read() {
+    return refuse("Error: fail to allocate memery\n");
+}
+
+void switch_vlan_off() {
+    if (cfg_number("/sys/vlan_state") != 1)
+        return;
+    cli_printf("If admin vlan enable, vlan status will be disable.\n");
+    cfg_set("0", "/sys/vlan_state");
+    pending_apply |= APPLY_WLAN;
+}
+
+void drop_address_limit() {
+    const int type = cfg_number(TYPE);
+    if (!covers(type, BY_ADDRESS) || has_pool())
+        return;
+    cfg_set_number(type & BY_VLAN, TYPE);
+    cli_printf("Limit Admin IP will be disabled if the Limit Admin IP rule list is null!\n");
+}
+
+} // namespace
+
+int set_admin_limit_type(CliContext &cli, const char *, CliCommand *) {
+    if (!is_only_word_in(cli, 0, BY_BOTH))
+        return refuse_type();
+    const char *word = arg_next(cli);
+    const int type = decimal_value(word);
+    if (covers(type, BY_ADDRESS) && !has_pool()) {
+        cli_printf("Please add Limit Admin IP rule!\n");
+        return CLI_DONE;
+    }
+    cfg_set(word, TYPE);
+    pending_apply |= APPLY_WAN;
+    if (covers(type, BY_VLAN))
+        switch_vlan_off();
+    return CLI_DONE;
+}
+
+int set_admin_limit_vid(CliContext &cli, const char *, CliCommand *) {
+    if (!is_only_word_in(cli, 1, 4094)) {
+        cli_printf("Please specify valid VLAN ID (1-4094).\n");
+        return CLI_DONE;
+    }
+    cfg_set(arg_next(cli), "/sys/adminlimit/vlanid");
+    pending_apply |= APPLY_WAN;
+    return CLI_DONE;
+}
+
+int add_admin_pool(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 3) {
+        cli_printf("Please specify valid index, start and end IP address.\n");
+        return CLI_DONE;
+    }
+    const int pool = decimal_value(arg_next(cli));
+    if (pool < 1 || pool > POOLS)
+        return CLI_DONE; // without a word. Meant so.
+    const char *start = arg_next(cli);
+    write_pool(pool, start, arg_next(cli));
+    drop_address_limit();
+    return CLI_DONE;
+}
+
+// Deleting the last pool leaves the type alone; only adding looks. Meant so.
+int delete_admin_pool(CliContext &cli, const char *, CliCommand *) {
+    if (is_only_word_in(cli, 1, POOLS))
+        write_pool(decimal_value(arg_next(cli)), "", "");
+    else
+        cli_printf("Please specify valid index (1-4).\n");
+    return CLI_DONE;
+}
+
+int get_admin_limit_vid(CliContext &, const char *, CliCommand *) {
+    ShortValue<10> vid;
+    if (cfg_get(vid, "/sys/adminlimit/vlanid") != 0)
+        return fail_to_read();
+    if (in_range(vid.text(), 1, 4094) != 0)
+        cli_printf("Limited Administration VLAN ID: %d\n", vid.number());
+    else
+        cli_printf("Error: not valid VLAN ID\n");
+    return CLI_DONE;
+}
+
+int get_admin_pool(CliContext &cli, const char *, CliCommand *) {
+    if (!is_only_word_in(cli, 1, POOLS)) {
+        cli_printf("Please specify pool index (1-4).\n");
+        return CLI_DONE;
+    }
+    const int pool = decimal_value(arg_next(cli));
+    ValueBuffer start;
+    ValueBuffer end;
+    if (!start || !end ||
+        cfg_get(start, "/sys/adminlimit/ipentry/index:%d/ippoolstart", pool) != 0 ||
+        cfg_get(end, "/sys/adminlimit/ipentry/index:%d/ippoolend", pool) != 0)
+        return fail_to_read();
+    cli_printf("Limited Administration IP address pool %d: from %s to %s\n", pool, start.text(),
+               end.text());
+    return CLI_DONE;
+}
