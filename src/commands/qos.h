@@ -1,7 +1,115 @@
+// Quality of service: its switches and classifiers, up to 64 rules; and the traffic manager's
+// switch.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> qos_set_rows{};
+// `set qos rule add <index> <option> <value> [<range>]`: writes the nodes of one option of a rule.
+// Returns 0; or -1 after the usage text.
+int add_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
+int apply_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
+int suspend_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> qos_get_rows{};
+// Returns 0, also after its usage line.
+int delete_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
+int list_qos_rules(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto qos_status_rows = command_table({
+    {"enable", "Set Qos Status Enabled",
+     write_fixed<"/qos/enable", "1", APPLY_QOS, "Qos Status: Enable\n">},
+    {"disable", "Set Qos Status Disabled",
+     write_fixed<"/qos/enable", "0", APPLY_QOS, "Qos Status: Disable\n">},
+});
+
+// The displays call the classifiers by other names. Meant so.
+inline constinit auto qos_http_rows = command_table({
+    {"enable", "Set HTTP Classifier Enabled",
+     write_fixed<"/qos/classifiers/http", "1", APPLY_QOS, "Qos HTTP Classifier: Enable\n">},
+    {"disable", "Set HTTP Classifier Disabled",
+     write_fixed<"/qos/classifiers/http", "0", APPLY_QOS, "Qos HTTP Classifier: Disable\n">},
+});
+
+inline constinit auto qos_auto_rows = command_table({
+    {"enable", "Set Auto Classifier Enabled",
+     write_fixed<"/qos/classifiers/auto", "1", APPLY_QOS, "Qos Auto Classifier: Enable\n">},
+    {"disable", "Set Auto Classifier Disabled",
+     write_fixed<"/qos/classifiers/auto", "0", APPLY_QOS, "Qos Auto Classifier: Disable\n">},
+});
+
+inline constinit auto qos_classifier_rows = command_table({
+    {"http", "Set HTTP Classifier Status", dispatch_subtable, qos_http_rows.data()},
+    {"auto", "Set Auto Classifier Status", dispatch_subtable, qos_auto_rows.data()},
+});
+
+inline constinit auto qos_rules_status_rows = command_table({
+    {"enable", "Set QoS Rules Enabled",
+     write_fixed<"/qos/rule/enable", "1", APPLY_QOS, "QoS Rules Status: Enable\n">},
+    {"disable", "Set QoS Rules Disabled",
+     write_fixed<"/qos/rule/enable", "0", APPLY_QOS, "QoS Rules Status: Disable\n">},
+});
+
+inline constinit auto qos_all_rules_rows = command_table({
+    {"status", "Set QoS Rules Status", dispatch_subtable, qos_rules_status_rows.data()},
+});
+
+inline constinit auto qos_rule_rows = command_table({
+    {"add", "Add/Edit QoS Filter", add_qos_rule},
+    {"apply", "Apply Single Rule", apply_qos_rule},
+    {"suspend", "Suspend Single Rule", suspend_qos_rule},
+    {"delete", "Delete Single Rule", delete_qos_rule},
+});
+
+inline constinit auto qos_rows = command_table({
+    {"status", "Set QoS Status", dispatch_subtable, qos_status_rows.data()},
+    {"classifier", "Set Qos Classifier Status", dispatch_subtable, qos_classifier_rows.data()},
+    {"allrules", "Enable/Disable Qos Rules", dispatch_subtable, qos_all_rules_rows.data()},
+    {"rule", "Add/Delete/Apply/Suspend Qos Rules", dispatch_subtable, qos_rule_rows.data()},
+});
+
+// Restarts the WAN side, not the QoS service. Meant so.
+inline constinit auto traffic_manager_rows = command_table({
+    {"enable", "Set Traffic Manager Status Enabled",
+     write_fixed<"/trafficmgr/enable", "1", APPLY_WAN, "Traffic Manager Status: Enable\n">},
+    {"disable", "Set Traffic Manager Status Disabled",
+     write_fixed<"/trafficmgr/enable", "0", APPLY_WAN, "Traffic Manager Status: Disable\n">},
+});
+
+inline constinit auto qos_classifier_shows = command_table({
+    {"http", "HTTP Classifier Status",
+     show_status<"/qos/classifiers/http", "Qos Http Classifier: Disable\n",
+                 "Qos Http Classifier: Enable\n">},
+    {"auto", "Auto Classifier Status",
+     show_status<"/qos/classifiers/auto", "Automatical Classifier: Disable\n",
+                 "Automatical Classifier: Enable\n">},
+});
+
+inline constinit auto qos_all_rules_shows = command_table({
+    {"status", "QoS Rules Status",
+     show_status<"/qos/rule/enable", "QoS Rules Status: Disable\n", "QoS Rules Status: Enable\n">},
+    {"list", "Show Qos Rules", list_qos_rules},
+});
+
+inline constinit auto qos_shows = command_table({
+    {"status", "Get QoS Status",
+     show_status<"/qos/enable", "Qos Status: Disable\n", "Qos Status: Enable\n">},
+    {"classifier", "Get Qos Classifier Status", dispatch_subtable, qos_classifier_shows.data()},
+    {"allrules", "Show QoS Rules", dispatch_subtable, qos_all_rules_shows.data()},
+});
+
+inline constinit auto traffic_manager_shows = command_table({
+    {"status", "Get Traffic Manager Status",
+     show_status<"/trafficmgr/enable", "Traffic Manager Status: Disable\n",
+                 "Traffic Manager Status: Enable\n">},
+});
+
+inline constexpr auto qos_set_rows = command_rows({
+    {"qos", "Set QoS", dispatch_subtable, qos_rows.data()},
+    {"trafficmgr", "Set Traffic Manager", dispatch_subtable, traffic_manager_rows.data()},
+});
+
+inline constexpr auto qos_get_rows = command_rows({
+    {"qos", "Display QoS", dispatch_subtable, qos_shows.data()},
+    {"trafficmgr", "Display Traffic Manager", dispatch_subtable, traffic_manager_shows.data()},
+});
