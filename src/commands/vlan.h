@@ -1,7 +1,106 @@
+// VLAN operation of the bridge: its switches and the VLAN IDs of its ports.
 #pragma once
 
-#include "shell/command.h"
+#include "commands/fixed_value.h"
+#include "commands/vlan_group.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
 
-inline constexpr std::array<CliCommand, 0> vlan_set_rows{};
+// Switches VLAN operation on, and takes the VLAN out of limited administration.
+int enable_vlan(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constexpr std::array<CliCommand, 0> vlan_get_rows{};
+// Has the PVIDs follow the group table, and sets all of them by it at once: a port's PVID is the
+// last VLAN that it is an untagged member of, or else 1.
+int enable_auto_pvid(CliContext &cli, const char *word, CliCommand *subtable);
+
+const char *vlan_mode_name(int number);
+
+// Takes the first word as a VLAN ID and writes it as typed to the node of `path`. Returns 0; or -1
+// after saying why not.
+int write_pvid(CliContext &cli, const char *path);
+
+// Prints `format` with the node's number for its "%d". Returns 0.
+int show_node_number(const CliContext &cli, const char *path, const char *format);
+
+// The handlers of such rows.
+template <FixedText Path>
+int set_pvid(CliContext &cli, const char *, CliCommand *) {
+    static_assert(Path.converts_only('d'));
+    return write_pvid(cli, Path.text);
+}
+
+template <FixedText Path, FixedText Format>
+int show_number(CliContext &cli, const char *, CliCommand *) {
+    static_assert(Path.converts_only('d') && Format.converts_only('d'));
+    return show_node_number(cli, Path.text, Format.text);
+}
+
+// PVIDs of the current band's ports that have an index.
+int set_multi_pvid(CliContext &cli, const char *word, CliCommand *subtable);
+int set_wds_pvid(CliContext &cli, const char *word, CliCommand *subtable);
+int get_multi_pvid(CliContext &cli, const char *word, CliCommand *subtable);
+int get_wds_pvid(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constinit auto vlan_state_rows = command_table({
+    {"enable", "enable VLAN", enable_vlan},
+    {"disable", "disable VLAN", write_fixed<"/sys/vlan_state", "0", APPLY_WLAN>},
+});
+
+inline constinit auto vlan_mode_rows = command_table({
+    {"dynamic", "dynamic VLAN", write_fixed<"/sys/vlan_mode", "1", APPLY_WLAN>},
+    {"static", "static VLAN", write_fixed<"/sys/vlan_mode", "0", APPLY_WLAN>},
+});
+
+inline constinit auto auto_pvid_rows = command_table({
+    {"enable", "enable autosetpvid", enable_auto_pvid},
+    {"disable", "disable autosetpvid", write_fixed<"/sys/auto_set_pvid", "0", APPLY_WLAN>},
+});
+
+inline constexpr auto vlan_set_rows = command_rows({
+    {"vlanstate", "Set VLAN state", dispatch_subtable, vlan_state_rows.data()},
+    {"vlanmode", "Set VLAN mode", dispatch_subtable, vlan_mode_rows.data()},
+    {"autosetpvid", "Auto setting pvid by group VID", dispatch_subtable, auto_pvid_rows.data()},
+    {"pvid_primary", "Set primary SSID PVID", set_pvid<"/wlan/inf:%d/vlan_id">},
+    {"pvid_eth", "Set ethernet(LAN1) PVID", set_pvid<"/lan/ethernet/vlan_id">},
+    {"pvid_sys", "Set system PVID", set_pvid<"/sys/vlan_id">},
+    {"multi-pvid", "Set PVID of Multi-SSID[index]", set_multi_pvid},
+    {"wds-pvid", "Set PVID of WDS[index]", set_wds_pvid},
+    {"groupvid_primary", "Set wlan port member of group VID", dispatch_subtable,
+     vlan_member_rows<GroupPort::Primary>.data()},
+    {"groupvid_eth", "Set LAN port member of group VID", dispatch_subtable,
+     vlan_member_rows<GroupPort::Ethernet>.data()},
+    {"groupvid_sys", "Set system port member of group VID", dispatch_subtable,
+     vlan_member_rows<GroupPort::System>.data()},
+    {"multi-groupvid", "Set Group VID of Multi-SSID[index]", dispatch_subtable,
+     vlan_member_rows<GroupPort::MultiSsid>.data()},
+    {"wds-groupvid", "Set group VID of WDS[index]", dispatch_subtable,
+     vlan_member_rows<GroupPort::Wds>.data()},
+    // The help text is another command's. Meant so.
+    {"groupvidname", "Set Service Set ID", set_group_name},
+    {"groupviddel", "Delete port member of group VID ", delete_group},
+});
+
+inline constexpr auto vlan_get_rows = command_rows({
+    {"vlanstate", "Display VLAN state",
+     show_switch<"/sys/vlan_state", "VLAN==%s\n", CANT_ALLOC_MEMORY>},
+    {"vlanmode", "Display VLAN mode",
+     show_name<"/sys/vlan_mode", "VLAN mode==%s\n", vlan_mode_name, CANT_ALLOC_MEMORY>},
+    {"autosetpvid", "Display auto setting pvid by group VID",
+     show_switch<"/sys/auto_set_pvid", "auto-set-pvid==%s\n", CANT_ALLOC_MEMORY>},
+    {"pvid_primary", "Display primary SSID PVID",
+     show_number<"/wlan/inf:%d/vlan_id", "primary SSID PVID==%d\n">},
+    {"pvid_eth", "Display ethernet PVID",
+     show_number<"/lan/ethernet/vlan_id", "Ethernet PVID==%d\n">},
+    {"pvid_sys", "Display system PVID", show_number<"/sys/vlan_id", "system PVID==%d\n">},
+    {"multi-pvid", "Display PVID of Multi-SSID[index]", get_multi_pvid},
+    {"wds-pvid", "Get PVID of WDS[index]", get_wds_pvid},
+    {"groupvid_primary", "Display wlan port member of group VID",
+     show_vlan_members<GroupPort::Primary>},
+    {"groupvid_eth", "Display LAN port member of group VID",
+     show_vlan_members<GroupPort::Ethernet>},
+    {"groupvid_sys", "Display System port member of group VID",
+     show_vlan_members<GroupPort::System>},
+    {"multi-groupvid", "Display Group VID of Multi-SSID[index]",
+     show_vlan_members<GroupPort::MultiSsid>},
+    {"wds-groupvid", "Get group VID of WDS[index]", show_vlan_members<GroupPort::Wds>},
+});

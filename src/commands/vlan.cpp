@@ -1,0 +1,119 @@
+#include "commands/vlan.h"
+
+#include "config/node_access.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+#include <algorithm>
+#include <array>
+
+// The paths and formats come from template arguments and tables of this program's own.
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+
+namespace {
+
+constexpr int DEFAULT_PVID = 1;
+
+// The VLAN IDs of the entries that the table counts, 0 for free ones.
+using GroupVids = std::array<int, GROUP_ENTRIES>;
+
+GroupVids read_group_vids() {
+    GroupVids vids{};
+    const int count = std::clamp(cfg_number("/sys/group_vlan/index#"), 0, GROUP_ENTRIES);
+    for (int entry = 1; entry <= count; ++entry)
+        vids[static_cast<std::size_t>(entry - 1)] = group_vid(entry);
+    return vids;
+}
+
+int pvid_of(const VlanPort &port, const GroupVids &vids) {
+    for (int entry = GROUP_ENTRIES; entry >= 1; --entry) {
+        const int vid = vids[static_cast<std::size_t>(entry - 1)];
+        if (vid != 0 && group_egress(entry, port) == EGRESS_UNTAG)
+            return vid;
+    }
+    return DEFAULT_PVID;
+}
+
+int set_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
+    std::uint32_t vid = 0;
+    const char *index = nullptr;
+    if (!take_vlan_id_and_index(cli, ports, vid, index))
+        return CLI_REFUSED;
+    // The index goes into the path as typed.
+    cfg_set_number(vid, "/wlan/inf:%d/%s/index:%s/vlan_id", interface_number(cli), ports.list,
+                   index);
+    pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
+}
+
+// `format` is for the index and the PVID.
+int show_indexed_pvid(CliContext &cli, const IndexedPorts &ports, const char *format) {
+    int index = 0;
+    if (!take_index(cli, ports, ports.refusals, index))
+        return CLI_REFUSED;
+    cli_printf(
+        format, index,
+        cfg_number("/wlan/inf:%d/%s/index:%d/vlan_id", interface_number(cli), ports.list, index));
+    return CLI_DONE;
+}
+
+} // namespace
+
+int enable_vlan(CliContext &, const char *, CliCommand *) {
+    cfg_set("1", "/sys/vlan_state");
+    pending_apply |= APPLY_WLAN;
+    const int limit = cfg_number("/sys/adminlimit/status");
+    if (limit != 1 && limit != 3)
+        return CLI_DONE;
+    cli_printf("Because VLAN is enable, limit vlan need to disable.\n");
+    cfg_set_number(limit - 1, "/sys/adminlimit/status");
+    pending_apply |= APPLY_WAN;
+    return CLI_DONE;
+}
+
+int enable_auto_pvid(CliContext &, const char *, CliCommand *) {
+    cfg_set("1", "/sys/auto_set_pvid");
+    const GroupVids vids = read_group_vids();
+    for (const VlanPortRun &run : VLAN_PORTS) {
+        for (int step = 0; step < run.count; ++step) {
+            const VlanPort port = {run.first.kind, run.first.number + step};
+            cfg_set_number(pvid_of(port, vids), run.pvid_path, step + 1);
+        }
+    }
+    pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
+}
+
+const char *vlan_mode_name(int number) {
+    return number == 1 ? "dynamic" : "static";
+}
+
+int write_pvid(CliContext &cli, const char *path) {
+    const char *vid = take_vlan_word(cli);
+    if (vid == nullptr)
+        return CLI_REFUSED;
+    cfg_set(vid, path, interface_number(cli));
+    pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
+}
+
+int show_node_number(const CliContext &cli, const char *path, const char *format) {
+    cli_printf(format, cfg_number(path, interface_number(cli)));
+    return CLI_DONE;
+}
+
+int set_multi_pvid(CliContext &cli, const char *, CliCommand *) {
+    return set_indexed_pvid(cli, MULTI_SSID_PORTS);
+}
+
+int set_wds_pvid(CliContext &cli, const char *, CliCommand *) {
+    return set_indexed_pvid(cli, WDS_PORTS);
+}
+
+int get_multi_pvid(CliContext &cli, const char *, CliCommand *) {
+    return show_indexed_pvid(cli, MULTI_SSID_PORTS, "VLAN ID of Multi-SSID (index %d) is %d\n");
+}
+
+int get_wds_pvid(CliContext &cli, const char *, CliCommand *) {
+    return show_indexed_pvid(cli, WDS_PORTS, "VLAN ID of WDS (index %d) is %d\n");
+}

@@ -1,0 +1,189 @@
+#include "commands/vlan_group.h"
+
+#include "commands/numbered_list.h"
+#include "config/apply.h"
+#include "config/node_access.h"
+#include "shell/args.h"
+#include "shell/output.h"
+
+#include <cstring>
+
+namespace {
+
+constexpr std::size_t NAME_LIMIT = 32;
+constexpr NumberedList ENTRY("/sys/group_vlan/index:%d");
+constexpr NumberedList ENTRY_NAME("/sys/group_vlan/index:%d/group_name");
+
+// How the display of the WDS ports refuses; the other displays use the words of the setters.
+constexpr IndexRefusals WDS_DISPLAY_REFUSALS = {
+    "Wrong input parameters. Please specify the correct WDS index (%d-%d).\n",
+    "Please specify the correct WDS index (%d-%d).\n",
+};
+
+// Null for a port without an index.
+const IndexedPorts *indexed_ports(GroupPort port) {
+    switch (port) {
+    case GroupPort::MultiSsid:
+        return &MULTI_SSID_PORTS;
+    case GroupPort::Wds:
+        return &WDS_PORTS;
+    default:
+        return nullptr;
+    }
+}
+
+VlanPort single_port(const CliContext &cli, GroupPort port) {
+    switch (port) {
+    case GroupPort::Ethernet:
+        return {"eth", 1};
+    case GroupPort::System:
+        return {"sys", 1};
+    default:
+        return {"ath", first_wireless_port(cli)};
+    }
+}
+
+// The entry of a VLAN; without one the entry behind the last used one, holes before it not counted,
+// and maybe one more than the table has.
+int entry_for(int vid) {
+    int last_used = 0;
+    for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
+        const int used_by = group_vid(entry);
+        if (used_by == vid)
+            return entry;
+        if (used_by != 0)
+            last_used = entry;
+    }
+    return last_used + 1;
+}
+
+int write_member(int entry, int vid, const VlanPort &port, Egress egress) {
+    cfg_set_number(vid, "%s/group_vid", ENTRY.path(entry));
+    cfg_set_number(egress, "%s/%s:%d/egress", ENTRY.path(entry), port.kind, port.number);
+    pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
+}
+
+// These alone mind the end of the table. Meant so.
+int set_indexed_member(CliContext &cli, const IndexedPorts &ports, Egress egress) {
+    std::uint32_t vid = 0;
+    const char *index = nullptr;
+    if (!take_vlan_id_and_index(cli, ports, vid, index))
+        return CLI_REFUSED;
+    const int entry = entry_for(static_cast<int>(vid));
+    if (entry > GROUP_ENTRIES)
+        return refuse("The entry of Group VID is full(%d). Can't add more group VID\n",
+                      GROUP_ENTRIES);
+    return write_member(entry, static_cast<int>(vid), ports.port(cli, decimal_value(index)),
+                        egress);
+}
+
+int set_single_member(CliContext &cli, const VlanPort &port, Egress egress) {
+    if (arg_count(cli) != 1) {
+        cli_printf("Wrong input parameters. Please input VLAN ID .\n");
+        return refuse_vlan_id();
+    }
+    std::uint32_t vid = 0;
+    if (!take_vlan_id(cli, vid))
+        return CLI_REFUSED;
+    return write_member(entry_for(static_cast<int>(vid)), static_cast<int>(vid), port, egress);
+}
+
+const char *egress_name(int egress) {
+    switch (egress) {
+    case EGRESS_TAG:
+        return "tag port";
+    case EGRESS_UNTAG:
+        return "untag port";
+    default:
+        return "none";
+    }
+}
+
+int list_members(const VlanPort &port) {
+    ValueBuffer name;
+    if (!name)
+        return refuse(" can't alloc memory \n");
+    for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
+        const int vid = group_vid(entry);
+        if (vid == 0)
+            continue;
+        ENTRY_NAME.read(name, entry);
+        cli_printf("index:%02d, group vid:%4d, ", entry, vid);
+        cli_printf("group name:%s, ", name.text());
+        cli_printf("egress: %s\n", egress_name(group_egress(entry, port)));
+    }
+    return CLI_DONE;
+}
+
+int refuse_name() {
+    return refuse("ERROR: Unable to set VID name.\n");
+}
+
+} // namespace
+
+int group_vid(int entry) {
+    const int vid = cfg_number("%s/group_vid", ENTRY.path(entry));
+    return is_vlan_id(vid) ? vid : 0;
+}
+
+int group_egress(int entry, const VlanPort &port) {
+    return cfg_number("%s/%s:%d/egress", ENTRY.path(entry), port.kind, port.number);
+}
+
+int set_group_member(CliContext &cli, GroupPort port, Egress egress) {
+    if (const IndexedPorts *ports = indexed_ports(port))
+        return set_indexed_member(cli, *ports, egress);
+    return set_single_member(cli, single_port(cli, port), egress);
+}
+
+int show_group_members(CliContext &cli, GroupPort port) {
+    const IndexedPorts *ports = indexed_ports(port);
+    if (ports == nullptr)
+        return list_members(single_port(cli, port));
+    int index = 0;
+    if (!take_index(cli, *ports, port == GroupPort::Wds ? WDS_DISPLAY_REFUSALS : ports->refusals,
+                    index))
+        return CLI_REFUSED;
+    return list_members(ports->port(cli, index));
+}
+
+int set_group_name(CliContext &cli, const char *, CliCommand *) {
+    if (arg_count(cli) != 2) {
+        cli_printf("Wrong input parameters. Please input VID name and VLAN ID (%d-%d).\n",
+                   FIRST_VLAN_ID, LAST_VLAN_ID);
+        return refuse_name();
+    }
+    const char *name = arg_next(cli);
+    if (std::strlen(name) > NAME_LIMIT)
+        return refuse("Vid name's length should less 33\n");
+    const int vid = decimal_value(arg_next(cli));
+    if (!is_vlan_id(vid)) {
+        cli_printf("Please input correct VLAN ID: %d-%d\n", FIRST_VLAN_ID, LAST_VLAN_ID);
+        return refuse_name();
+    }
+    for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
+        if (group_vid(entry) != vid)
+            continue;
+        ENTRY_NAME.write(entry, name);
+        pending_apply |= APPLY_WLAN;
+        return CLI_DONE;
+    }
+    cli_printf("ERROR: No this VID.\n");
+    return CLI_DONE; // no refusal. Meant so.
+}
+
+int delete_group(CliContext &cli, const char *, CliCommand *) {
+    const char *word = take_vlan_word(cli);
+    if (word == nullptr)
+        return CLI_REFUSED;
+    const int vid = decimal_value(word);
+    for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
+        if (group_vid(entry) != vid)
+            continue;
+        ENTRY.remove(entry);
+        cli_printf(" delete:%s \n", ENTRY.path(entry));
+        pending_apply |= APPLY_WLAN;
+    }
+    return CLI_DONE;
+}

@@ -1,0 +1,63 @@
+#include "commands/vlan_port.h"
+
+#include "shell/args.h"
+#include "shell/output.h"
+
+// The refusals come from this program's own tables.
+#pragma GCC diagnostic ignored "-Wformat-nonliteral"
+
+int refuse_vlan_id() {
+    return refuse("ERROR: Unable to set VLAN ID.\n");
+}
+
+bool take_vlan_id(CliContext &cli, std::uint32_t &vid) {
+    if (arg_uint(cli, vid, 10) == 0) {
+        if (is_vlan_id(vid))
+            return true;
+        cli_printf("Please specify the correct VLAN ID (%d~%d).\n", FIRST_VLAN_ID, LAST_VLAN_ID);
+    }
+    refuse_vlan_id();
+    return false;
+}
+
+const char *take_vlan_word(CliContext &cli) {
+    const char *word = arg_next(cli);
+    if (word == nullptr) {
+        cli_printf("Wrong input parameters. Please input VLAN ID!\n");
+        return nullptr;
+    }
+    if (is_vlan_id(decimal_value(word)))
+        return word;
+    // Without the full stop that it has elsewhere. Meant so.
+    cli_printf("Please specify the correct VLAN ID (%d~%d)\n", FIRST_VLAN_ID, LAST_VLAN_ID);
+    return nullptr;
+}
+
+bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, std::uint32_t &vid,
+                            const char *&index) {
+    if (arg_count(cli) != 2) {
+        cli_printf(ports.refusals.words, 1, ports.last_index);
+        refuse_vlan_id();
+        return false;
+    }
+    if (!take_vlan_id(cli, vid))
+        return false;
+    index = arg_next(cli);
+    if (in_range(index, 1, ports.last_index) != 0)
+        return true;
+    cli_printf(ports.refusals.index, 1, ports.last_index);
+    refuse_vlan_id();
+    return false;
+}
+
+bool take_index(CliContext &cli, const IndexedPorts &ports, const IndexRefusals &refusals,
+                int &index) {
+    const bool alone = arg_count(cli) == 1;
+    if (alone) {
+        index = decimal_value(arg_next(cli));
+        if (index >= 1 && index <= ports.last_index)
+            return true;
+    }
+    cli_printf(alone ? refusals.index : refusals.words, 1, ports.last_index);
+    return false;
+}

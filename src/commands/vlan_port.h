@@ -1,0 +1,102 @@
+// The ports of the bridge, and how the administrator's words name ports and VLANs.
+#pragma once
+
+#include "shell/context.h"
+
+#include <cstdint>
+
+inline constexpr int FIRST_VLAN_ID = 1;
+inline constexpr int LAST_VLAN_ID = 4094;
+
+// Negative numbers are none, read signed or unsigned.
+inline constexpr bool is_vlan_id(std::int64_t number) {
+    return number >= FIRST_VLAN_ID && number <= LAST_VLAN_ID;
+}
+
+// A port as the group table knows it: the node "/KIND:NUMBER/egress" of each entry.
+struct VlanPort {
+    const char *kind;
+    int number;
+};
+
+// The number of the first wireless port of the current band: 1 or 17.
+inline int first_wireless_port(const CliContext &cli) {
+    return 1 + 16 * cli.current_band;
+}
+
+// A run of ports that are alike, and the node of their PVIDs, with "%d" for 1..count.
+struct VlanPortRun {
+    VlanPort first;
+    int count;
+    const char *pvid_path;
+};
+
+inline constexpr VlanPortRun VLAN_PORTS[] = {
+    {{"sys", 1}, 1, "/sys/vlan_id"},
+    {{"eth", 1}, 1, "/lan/ethernet/vlan_id"},
+    {{"eth", 2}, 1, "/lan/ethernet:2/vlan_id"},
+    {{"ath", 1}, 1, "/wlan/inf:1/vlan_id"},
+    {{"ath", 2}, 7, "/wlan/inf:1/multi/index:%d/vlan_id"},
+    {{"ath", 9}, 8, "/wlan/inf:1/wds/index:%d/vlan_id"},
+    {{"ath", 17}, 1, "/wlan/inf:2/vlan_id"},
+    {{"ath", 18}, 7, "/wlan/inf:2/multi/index:%d/vlan_id"},
+    {{"ath", 25}, 8, "/wlan/inf:2/wds/index:%d/vlan_id"},
+};
+
+// What is said about a wrong number of words and about a wrong index: formats for the first and
+// the last index.
+struct IndexRefusals {
+    const char *words;
+    const char *index;
+};
+
+// Wireless ports that the administrator names by an index from 1.
+struct IndexedPorts {
+    const char *list; // of the PVID nodes, below the interface
+    int last_index;
+    int offset;      // of the port's number from the index on the first band ...
+    int band_offset; // ... and from there on the second
+    IndexRefusals refusals;
+
+    [[nodiscard]] VlanPort port(const CliContext &cli, int index) const {
+        return {"ath", index + offset + band_offset * cli.current_band};
+    }
+};
+
+inline constexpr IndexedPorts MULTI_SSID_PORTS = {
+    "multi",
+    3,
+    1,
+    16,
+    {"Wrong input parameters. Please input VLAN ID and Multi-SSID index (%d-%d).\n",
+     "Please input correct multi_SSID index: %d-%d\n"},
+};
+
+// On the second band these numbers begin with the primary SSID's, not where VLAN_PORTS has the
+// WDS links. Meant so.
+inline constexpr IndexedPorts WDS_PORTS = {
+    "wds",
+    4,
+    8,
+    8,
+    {"Wrong input parameters. Please input VLAN ID and WDS index (%d-%d).\n",
+     "Please input correct WDS index: %d-%d\n"},
+};
+
+// Prints what is said when a VLAN cannot be set; returns CLI_REFUSED.
+int refuse_vlan_id();
+
+// Takes the next word as a VLAN ID. False after saying why not.
+bool take_vlan_id(CliContext &cli, std::uint32_t &vid);
+
+// Takes the first of the words as a VLAN ID and leaves it as typed. Null after saying why not.
+const char *take_vlan_word(CliContext &cli);
+
+// Takes the two words of a line as a VLAN ID and an index, which stays as typed. False after
+// saying why not.
+bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, std::uint32_t &vid,
+                            const char *&index);
+
+// Takes the only word of a line as an index, refused with one of `refusals`. False after that.
+bool take_index(CliContext &cli, const IndexedPorts &ports, const IndexRefusals &refusals,
+                int &index);
