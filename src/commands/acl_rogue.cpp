@@ -108,7 +108,7 @@ int delete_acl_address(CliContext &cli, const char *, CliCommand *) {
 }
 
 int get_acl_addresses(CliContext &cli, const char *, CliCommand *) {
-    return show_addresses(acl_entries(cli), UNBOUNDED_LIST, "macaddr:%d-->%s\n", MEMORY_ERROR);
+    return show_addresses(acl_entries(cli), LIST_BOUND, "macaddr:%d-->%s\n", MEMORY_ERROR);
 }
 
 int get_acl_table(CliContext &, const char *, CliCommand *) {
@@ -120,7 +120,7 @@ int get_rogue_aps(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer mac;
     if (!mac)
         return refuse(MEMORY_ERROR);
-    for_each_entry(classified_addresses(cli), mac, UNBOUNDED_LIST, [&](int index) {
+    for_each_entry(classified_addresses(cli), mac, LIST_BOUND, [&](int index) {
         const char *type =
             rogue_type_name(cfg_number(CLASSIFIED, interface_number(cli), index, "type"));
         cli_printf("rogue ap client%d mac-->%s\n", index, mac.text());

@@ -18,7 +18,7 @@ int add_address(const AddressList &list, ReadTarget value, const char *address) 
 }
 
 int delete_address(const AddressList &list, ReadTarget value, const char *address) {
-    const ListPlace place = find_in_list(list.entries, value, address, UNBOUNDED_LIST);
+    const ListPlace place = find_in_list(list.entries, value, address, LIST_BOUND);
     if (place.end != ListEnd::Match)
         return refuse("error macaddrdel!\n"); // whatever kind of address. Meant so.
     list.entries.remove(place.index);

@@ -1,5 +1,6 @@
 #include "commands/clients.h"
 
+#include "commands/numbered_list.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
 #include "shell/output.h"
@@ -82,7 +83,7 @@ void print_client(const Ssid &ssid, int client, ValueBuffer &value) {
 
 // Up to the first client that has been connected for no time.
 void print_clients(const Ssid &ssid, ValueBuffer &value) {
-    for (int client = 1;; ++client) {
+    for (int client = 1; client <= LIST_BOUND; ++client) {
         ssid.read(value, client, "time");
         if (value.number() == 0)
             return;

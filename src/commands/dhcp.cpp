@@ -103,7 +103,7 @@ int show_list_column(const char *pattern, const char *label, NumberName *name) {
     ValueBuffer value;
     if (!value)
         return refuse("no enough memory!\n");
-    for_each_entry(NumberedList(pattern), value, UNBOUNDED_LIST, [&](int index) {
+    for_each_entry(NumberedList(pattern), value, LIST_BOUND, [&](int index) {
         cli_printf("%s:%d-->%s\n", label, index,
                    name != nullptr ? name(value.number()) : value.text());
     });

@@ -67,5 +67,6 @@ int for_each_entry(const NumberedList &list, Value &value, int capacity, Visit v
     return capacity;
 }
 
-// For lists that nothing bounds but their first empty entry.
-inline constexpr int UNBOUNDED_LIST = 0x7fffffff - 1;
+// For lists that end at their first empty entry only. Far above what any of them holds: a
+// database that never answers with an empty one must not hold the console.
+inline constexpr int LIST_BOUND = 4096;

@@ -1,5 +1,6 @@
 #include "commands/wds.h"
 
+#include "commands/numbered_list.h"
 #include "commands/radio.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
@@ -39,7 +40,7 @@ void show_field(ValueBuffer &value, const char *entry, const Field &field) {
 
 // Shows the live links' clients up to the first that has not been connected for any time.
 void show_link(const CliContext &cli, ValueBuffer &value, int link) {
-    for (int client = 1;; ++client) {
+    for (int client = 1; client <= LIST_BOUND; ++client) {
         char entry[64];
         std::snprintf(entry, sizeof entry, "/runtime/stats/wlan/inf:%d/wds:%d/client:%d",
                       interface_number(cli), link, client);
@@ -122,12 +123,12 @@ int get_wds_survey(CliContext &, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
         return refuse("%s", MEMORY_ERROR);
-    for (int index = 1;; ++index) {
+    for (int index = 1; index <= LIST_BOUND; ++index) {
         char entry[64];
         std::snprintf(entry, sizeof entry, "/runtime/wlan/inf:1/wdslistinfo/wdsscan:%d", index);
         cfg_get(value, "%s/chan", entry);
         if (value.number() == 0)
-            return CLI_DONE;
+            break;
         cli_printf("%d:wds scan entry-[CHANNEL]:%s", index, value.text());
         show_field(value, entry, {"MAC", "mac"});
         show_field(value, entry, {"SSID", "ssid"});
@@ -137,4 +138,5 @@ int get_wds_survey(CliContext &, const char *, CliCommand *) {
         show_field(value, entry, {"WDSMODE", "wdsmode"});
         cli_printf("\n");
     }
+    return CLI_DONE;
 }

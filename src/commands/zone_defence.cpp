@@ -75,6 +75,6 @@ int delete_zone_ipv6_address(CliContext &cli, const char *, CliCommand *) {
 }
 
 int get_zone_addresses(CliContext &cli, const char *, CliCommand *) {
-    return show_addresses(ipv4_entries(cli), UNBOUNDED_LIST, " Item %d IP Address %s \n",
+    return show_addresses(ipv4_entries(cli), LIST_BOUND, " Item %d IP Address %s \n",
                           NO_ENOUGH_MEMORY);
 }
