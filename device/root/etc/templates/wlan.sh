@@ -1,5 +1,5 @@
 #!/bin/busybox sh
-# Restarts the radio: what is configured becomes what is in use.
+# Restarts the radio: what is configured becomes what is in use, for the country it is in now.
 . /etc/scripts/lib.sh
 
 # The channels in use: those configured, or with automatic selection a quiet one.
@@ -14,6 +14,7 @@ channel_in_use() {
 }
 
 set_node /runtime/wireless/setting/status 0
+genchanneltable
 channel=$(channel_in_use)
 {
     for radio in 1 2; do
