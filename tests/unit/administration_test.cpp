@@ -124,6 +124,21 @@ TEST(Administration, TellsOfFailedWritesAndSavesNothing) {
     pending_apply = 0;
 }
 
+TEST(Administration, ListsThePeriodsOfTheMail) {
+    FakeDaemon daemon;
+    for (const char *line : {"smtptime 0", "smtptime 49"}) {
+        const std::string list = call_handler(set_syslog, line).out;
+        EXPECT_TRUE(list.starts_with("1: 0.5 hours\n2: 1 hours\n3: 1.5 hours\n4: 2 hours\n"))
+            << list;
+        EXPECT_TRUE(list.ends_with(
+            "\n47: 23.5 hours\n48: 24 hours\nex: 3 hours\n    set syslog smtptime 6\n"))
+            << list;
+        EXPECT_EQ(daemon.take_writes(), Lines{"set /rumtime/wlan/inf:1/autorekey/first 0"});
+    }
+    EXPECT_EQ(pending_apply, APPLY_WLAN);
+    pending_apply = 0;
+}
+
 TEST(Administration, CutsWhatToolsSay) {
     RecordingShell shell;
     const std::string answer = "%s%n" + std::string(2000, 'x') + "\n";
