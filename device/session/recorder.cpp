@@ -66,6 +66,9 @@ Step Recorder::take_step(std::string_view &printed) {
         printed.remove_prefix(printed.find('\n') + 1);
         step = {.kind = StepKind::COMMAND, .text = *line};
     } else if (scenario_.piped) {
+        // A line that the end of input cut short has no effect but its echo.
+        if (printed.starts_with(typed))
+            printed.remove_prefix(typed.size());
         step = {.kind = StepKind::END_OF_INPUT};
     } else {
         step = {.kind = StepKind::KEYS, .text = escape_keys(typed)};

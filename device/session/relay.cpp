@@ -51,7 +51,8 @@ int Relay::run() {
             !input_ended_ && (input_ == ConsoleInput::TERMINAL || held_.empty());
         std::array<pollfd, 2> wanted{
             {{process_.output_fd(), POLLIN, 0}, {wants_input ? STDIN_FILENO : -1, POLLIN, 0}}};
-        const bool something_waits = !held_.empty() || shown_ < printed_.size();
+        const bool something_waits =
+            !held_.empty() || shown_ < printed_.size() || (input_ended_ && !input_closed_);
         const int ready = poll(wanted.data(), wanted.size(), something_waits ? SILENCE_MS : -1);
         if (ready < 0 && errno != EINTR)
             throw std::system_error(errno, std::generic_category(), "poll");
@@ -125,41 +126,48 @@ void Relay::take_input() {
         send_line();
     else if (input_ == ConsoleInput::TERMINAL && started_ && !was_holding)
         send_to_command(held_.size());
-    else
-        close_finished_input();
 }
 
 void Relay::take_silence() {
     show_up_to(printed_.size());
-    if (busy_ && started_ && !held_.empty())
-        send_to_command(held_.find('\n') + 1);
+    if (!busy_ || !started_)
+        return;
+    const std::size_t line_end = held_.find('\n');
+    send_to_command(line_end == std::string::npos ? held_.size() : line_end + 1);
 }
 
 // Sends what is held up to the line end, if there is one.
 void Relay::send_line() {
     const std::size_t line_end = held_.find_first_of("\r\n");
     busy_ = line_end != std::string::npos;
-    const std::string line = held_.substr(0, busy_ ? line_end + 1 : line_end);
-    held_.erase(0, line.size());
+    const std::string line = take_held(busy_ ? line_end + 1 : held_.size());
     if (recorder_)
         recorder_->typed(line);
-    process_.write_input(line, printed_);
-    close_finished_input();
+    send(line);
 }
 
-// Sends the first `length` bytes held to the running command; 0 for all.
+// Sends the first `length` bytes held to the running command.
 void Relay::send_to_command(std::size_t length) {
-    const std::string bytes = held_.substr(0, length == 0 ? held_.size() : length);
-    held_.erase(0, bytes.size());
+    const std::string bytes = take_held(length);
     if (recorder_)
         recorder_->typed_to_command(bytes);
-    process_.write_input(bytes, printed_);
-    close_finished_input();
+    send(bytes);
 }
 
-void Relay::close_finished_input() {
-    if (input_ended_ && held_.empty())
+std::string Relay::take_held(std::size_t length) {
+    std::string bytes = held_.substr(0, length);
+    held_.erase(0, length);
+    return bytes;
+}
+
+// The end of input is passed on once the last command is done, or when it waits for input in vain.
+void Relay::send(const std::string &bytes) {
+    process_.write_input(bytes, printed_);
+    const bool all_sent = input_ended_ && held_.empty();
+    if (all_sent && !input_closed_ && (!busy_ || bytes.empty())) {
         process_.close_input();
+        input_closed_ = true;
+    }
 }
 
 } // namespace session

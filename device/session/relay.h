@@ -36,7 +36,8 @@ private:
     void take_silence();
     void send_line();
     void send_to_command(std::size_t length);
-    void close_finished_input();
+    std::string take_held(std::size_t length);
+    void send(const std::string &bytes);
     [[nodiscard]] bool at_prompt() const;
     void come_to_rest(std::size_t prompt_length);
     void show_up_to(std::size_t end);
@@ -53,6 +54,7 @@ private:
     bool started_ = false;  // the first prompt has come
     bool busy_ = true;      // a prompt is still to come for what was sent
     bool input_ended_ = false;
+    bool input_closed_ = false; // and the program has been told
     std::optional<int> exit_status_;
 };
 
