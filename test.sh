@@ -80,7 +80,7 @@ has_fuzz_targets() {
 
 fuzz() {
     case ${1-} in
-    '' | *[!0-9]*) usage ;;
+    '' | 0 | *[!0-9]*) usage ;;
     esac
     new_suite
     suite_of fuzz --target fuzz_targets
