@@ -99,7 +99,7 @@ int set_key(CliContext &cli, const char *, CliCommand *) {
         return CLI_REFUSED;
     ValueBuffer value;
     if (!value)
-        return refuse("%s", MEMORY_ERROR);
+        return refuse(MEMORY_ERROR);
     cfg_get(value, "/wlan/inf:1/wepkey:%d/keylength", index);
     const int keylength = value.number();
     cfg_get(value, "/wlan/inf:1/wepkey:%d/keyformat", index);
@@ -138,7 +138,7 @@ int change_key_attribute(CliContext &cli, const KeyAttribute &attribute, const c
         return refuse("%sERROR: Unable to set individual wep key format.\n", attribute.wrong_input);
     ValueBuffer current;
     if (!current)
-        return refuse("%s", MEMORY_ERROR);
+        return refuse(MEMORY_ERROR);
     cfg_get(current, "/wlan/inf:1/wepkey:%d/%s", index, attribute.leaf);
     if (current.number() == decimal_value(value))
         return CLI_DONE;
@@ -159,7 +159,7 @@ int set_default_key(CliContext &cli, const char *, CliCommand *) {
         return CLI_REFUSED;
     ValueBuffer value;
     if (!value)
-        return refuse("%s", MEMORY_ERROR);
+        return refuse(MEMORY_ERROR);
     cfg_set_number(index, "/wlan/inf:1/defkey");
     for (const KeyAttribute &attribute : {KEY_FORMAT, KEY_LENGTH}) {
         cfg_get(value, "/wlan/inf:1/wepkey:%d/%s", index, attribute.leaf);
@@ -172,7 +172,7 @@ int set_default_key(CliContext &cli, const char *, CliCommand *) {
 int get_key(CliContext &cli, const char *, CliCommand *) {
     const int index = only_key(cli);
     if (index == NO_KEY)
-        cli_printf("%s", WEP_KEY_OUT_OF_RANGE);
+        cli_printf(WEP_KEY_OUT_OF_RANGE);
     else
         run_command("rgdb -g /wlan/inf:%d/wepkey:%d", interface_number(cli), index);
     return CLI_DONE;
@@ -181,7 +181,7 @@ int get_key(CliContext &cli, const char *, CliCommand *) {
 int get_key_length(CliContext &cli, const char *, CliCommand *) {
     const int index = only_key(cli);
     if (index == NO_KEY)
-        cli_printf("%s", WEP_KEY_OUT_OF_RANGE);
+        cli_printf(WEP_KEY_OUT_OF_RANGE);
     else
         run_command("rgdb -g /wlan/inf:1/wepkey:%d/keylength", index);
     return CLI_DONE;
@@ -190,7 +190,7 @@ int get_key_length(CliContext &cli, const char *, CliCommand *) {
 int get_key_format(CliContext &cli, const char *, CliCommand *) {
     const int index = only_key(cli);
     if (index == NO_KEY) {
-        cli_printf("%s", WEP_KEY_OUT_OF_RANGE);
+        cli_printf(WEP_KEY_OUT_OF_RANGE);
         return CLI_DONE;
     }
     const int format = cfg_number("/wlan/inf:1/wepkey:%d/keyformat", index);
@@ -202,7 +202,7 @@ int get_key_format(CliContext &cli, const char *, CliCommand *) {
 int get_all_keys(CliContext &, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
-        return refuse("%s", MEMORY_ERROR);
+        return refuse(MEMORY_ERROR);
     show_key_node(value, "", "defkey", "= ");
     show_key_node(value, "", "keyformat", " = ");
     show_key_node(value, "", "keylength", " = ");

@@ -36,7 +36,7 @@ const char *slot_cipher_name(int cipher) {
 int enable_multi_ssid(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
-        return refuse("%s", MEMORY_ERROR);
+        return refuse(MEMORY_ERROR);
     cfg_get(value, "/wlan/inf:%d/ap_mode", interface_number(cli));
     const int mode = value.number();
     cfg_set("1", "/wlan/inf:%d/multi/state", interface_number(cli));
@@ -69,7 +69,7 @@ int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
         return CLI_DONE;
     ValueBuffer value;
     if (!value)
-        return refuse("%s", CANT_ALLOC_MEMORY);
+        return refuse(CANT_ALLOC_MEMORY);
     const int authentication = slot_number(value, cli, slot, "/auth");
     if (is_wpa(authentication) == cipher.for_wpa) {
         write_slot(cipher.value, cli, slot, "/cipher");
@@ -109,7 +109,7 @@ int get_slot_wep_key(CliContext &cli, const char *, CliCommand *) {
         return CLI_DONE;
     ValueBuffer value;
     if (!value)
-        return refuse("%s", CANT_ALLOC_MEMORY);
+        return refuse(CANT_ALLOC_MEMORY);
     const int key = slot_number(value, cli, slot, "/wep_key_index");
     const bool used = slot_number(value, cli, slot, "/cipher") != CIPHER_NONE;
     const auto show = [&](const char *subject, const char *text) {

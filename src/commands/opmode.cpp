@@ -17,7 +17,7 @@ bool is_wds_barred() {
 void switch_off_multi_ssid(const CliContext &cli) {
     ValueBuffer state;
     if (!state) {
-        cli_printf("%s", CANT_ALLOC_MEMORY);
+        cli_printf(CANT_ALLOC_MEMORY);
         return;
     }
     cfg_get(state, "/wlan/inf:%d/multi/state", interface_number(cli));
@@ -66,7 +66,7 @@ int set_wds_mode(CliContext &cli, const char *, CliCommand *) {
 int get_ap_mode(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer mode;
     if (!mode)
-        return refuse("%s", MEMORY_ERROR);
+        return refuse(MEMORY_ERROR);
     cfg_get(mode, "/wlan/inf:%d/ap_mode", interface_number(cli));
     const char *name = mode.text();
     switch (mode.number()) {

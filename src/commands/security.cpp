@@ -122,7 +122,7 @@ int fix_for_mode(const CliContext &cli, int mode) {
 int fix_for_authentication(const CliContext &cli, int authentication) {
     ValueBuffer mode;
     if (!mode) {
-        cli_printf("%s", MEMORY_ERROR);
+        cli_printf(MEMORY_ERROR);
         return 2;
     }
     cfg_get(mode, "/wlan/inf:%d/ap_mode", interface_number(cli));
@@ -147,7 +147,7 @@ const char *line_of(std::span<const SecurityType> types, int value) {
 int security_check(SecurityChange change, int value) {
     ValueBuffer current;
     if (!current) {
-        cli_printf("%s", MEMORY_ERROR);
+        cli_printf(MEMORY_ERROR);
         return 2;
     }
     const Combination security = combine(current, change, value);

@@ -80,7 +80,7 @@ int show_slot_value(CliContext &cli, const SlotDisplay &display) {
         return CLI_DONE;
     ValueBuffer value;
     if (!value)
-        return refuse("%s", CANT_ALLOC_MEMORY);
+        return refuse(CANT_ALLOC_MEMORY);
     read_slot(value, cli, slot, display.leaf);
     DecimalText digits;
     const char *text = value.text();

@@ -63,7 +63,7 @@ int add_wds_peer(CliContext &cli, const char *, CliCommand *) {
         return refuse("error macaddradd, MAC error or WDS index(%d-%d) error!\n", 1, PEERS);
     ValueBuffer value;
     if (!value)
-        return refuse("%s", NO_ENOUGH_MEMORY);
+        return refuse(NO_ENOUGH_MEMORY);
     MacText mac{};
     if (arg_mac(cli, mac) == 0)
         return refuse("error macaddradd!\n");
@@ -101,7 +101,7 @@ int scan_wds(CliContext &, const char *, CliCommand *) {
 int get_wds_peers(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
-        return refuse("%s", NO_ENOUGH_MEMORY);
+        return refuse(NO_ENOUGH_MEMORY);
     for (int index = 1; index <= PEERS; ++index) {
         cfg_get(value, PEER, interface_number(cli), index);
         if (!value.empty())
@@ -113,7 +113,7 @@ int get_wds_peers(CliContext &cli, const char *, CliCommand *) {
 int get_wds_links(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
-        return refuse("%s", MEMORY_ERROR);
+        return refuse(MEMORY_ERROR);
     for (int link = 1; link <= LINKS; ++link)
         show_link(cli, value, link);
     return CLI_DONE;
@@ -122,7 +122,7 @@ int get_wds_links(CliContext &cli, const char *, CliCommand *) {
 int get_wds_survey(CliContext &, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
-        return refuse("%s", MEMORY_ERROR);
+        return refuse(MEMORY_ERROR);
     for (int index = 1; index <= LIST_BOUND; ++index) {
         char entry[64];
         std::snprintf(entry, sizeof entry, "/runtime/wlan/inf:1/wdslistinfo/wdsscan:%d", index);
