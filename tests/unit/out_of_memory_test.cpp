@@ -1,0 +1,66 @@
+// Every command with every allocation failing in turn.
+#include "failing_allocation.h"
+#include "fake_daemon.h"
+#include "recording_shell.h"
+#include "table_walk.h"
+#include "typed_line.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+// Words that get commands past their checks, up to where they allocate.
+const char *const WORDS[] = {"",           "1",      "1 1",          "1 1 1",
+                             "3 1",        "name",   "192.168.0.60", "00:11:22:33:44:55",
+                             "0123456789", "enable", "a@b.c",        "name 1 1 1 1 1 1 1"};
+
+bool is_memory_message(const std::string &text) {
+    for (const char *message : {"memory error!", " can't alloc memory", "no enough memory!",
+                                "Error: fail to allocate memery"}) {
+        if (text.find(message) != std::string::npos)
+            return true;
+    }
+    return false;
+}
+
+// These take a check that has no memory for a refusal, say so, and go on to mend the combination.
+bool goes_on(const std::string &line) {
+    return line.starts_with("set apmode ") || line.starts_with("set authentication ");
+}
+
+// Lets each allocation of a line fail in turn; returns how many there are.
+int starve(const std::string &line, FakeDaemon &daemon, RecordingShell &shell) {
+    for (int nth = 1;; ++nth) {
+        const FailingAllocation failing(nth);
+        const CommandRun run = dispatch_line(root_table(), line);
+        const std::vector<std::string> writes = daemon.take_writes();
+        const std::vector<std::string> lines = shell.take_lines();
+        if (!failing.has_failed())
+            return nth - 1;
+        EXPECT_TRUE(is_memory_message(run.out))
+            << line << ", allocation " << nth << ": " << run.out;
+        if (goes_on(line))
+            continue;
+        EXPECT_TRUE(writes.empty()) << line << ", allocation " << nth << ": " << writes.front();
+        EXPECT_TRUE(lines.empty()) << line << ", allocation " << nth << ": " << lines.front();
+    }
+}
+
+TEST(OutOfMemory, EveryCommandSaysSoAndDoesNothing) {
+    FakeDaemon daemon;
+    RecordingShell shell;
+    int starved = 0;
+    walk_tables([&](const CliCommand &row, const std::string &path) {
+        // These end the process, and touch a file of the host.
+        if (row.subtable != nullptr || path == "exit" || path == "isfactorydefault")
+            return;
+        const DebugUnlocked unlocked; // each time: `orvik` is among the commands
+        int allocations = 0;
+        for (const char *words : WORDS)
+            allocations += starve(path + ' ' + words, daemon, shell);
+        starved += allocations > 0 ? 1 : 0;
+    });
+    EXPECT_GT(starved, 100) << "words are missing that reach the allocations";
+}
+
+} // namespace

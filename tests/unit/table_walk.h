@@ -1,0 +1,33 @@
+// Every row of the program's tables, with the words that lead to it.
+#pragma once
+
+#include "shell/command.h"
+#include "tables/root.h"
+
+#include <string>
+
+// Calls visit(row, path) for every row of `table` and below, in order; a path is the row's words
+// with blanks between them.
+template <class Visit>
+void walk_table(CliCommand *table, const std::string &parent, Visit visit) {
+    for (CliCommand *row = table; row->handler != nullptr; ++row) {
+        const std::string path = parent.empty() ? row->name : parent + ' ' + row->name;
+        visit(*row, path);
+        if (row->subtable != nullptr)
+            walk_table(row->subtable, path, visit);
+    }
+}
+
+template <class Visit>
+void walk_tables(Visit visit) {
+    walk_table(root_table(), "", visit);
+}
+
+// The debug level unlocked while it lives.
+class DebugUnlocked {
+public:
+    DebugUnlocked() { debug_locked = 0; }
+    DebugUnlocked(const DebugUnlocked &) = delete;
+    DebugUnlocked &operator=(const DebugUnlocked &) = delete;
+    ~DebugUnlocked() { debug_locked = -1; }
+};
