@@ -83,8 +83,7 @@ inline constexpr CliCommand ARRAY_SYNC_BAND_ROW = {
 
 inline constexpr auto aparray_get_rows = [] {
     std::array<CliCommand, array_get_rows.size() + array_sync_get_rows.size() + 1> rows{};
-    const auto items = std::copy(array_get_rows.begin(), array_get_rows.end(), rows.begin());
-    std::copy(array_sync_get_rows.begin(), array_sync_get_rows.end(), items);
+    std::ranges::copy(array_sync_get_rows, std::ranges::copy(array_get_rows, rows.begin()).out);
     rows.back() = ARRAY_SYNC_BAND_ROW;
     return rows;
 }();

@@ -104,10 +104,10 @@ bool send_trap(const SnmpRow &row) {
     const ShellWord community(row[2]);
     switch (decimal_value(row[1])) {
     case SNMP_V1:
-        run_command("snmptrap -v 1 -c %s %s \"\" \"\" 1 0  \"\" ", community, host);
+        run_command(R"(snmptrap -v 1 -c %s %s "" "" 1 0  "" )", community, host);
         break;
     case SNMP_V2C:
-        run_command("snmptrap -v 2c -c %s %s \"\" .1.3.6.1.6.3.1.1.5.2", community, host);
+        run_command(R"(snmptrap -v 2c -c %s %s "" .1.3.6.1.6.3.1.1.5.2)", community, host);
         break;
     case SNMP_V3:
         cli_printf("\nIt doesn't support v3 now!!\n");
