@@ -1,0 +1,149 @@
+// What of the radio family no session at the console shows: the second radio, long channel tables,
+// repeated restarts.
+#include "fake_daemon.h"
+#include "recording_shell.h"
+#include "table_walk.h"
+#include "typed_line.h"
+
+#include "commands/radio.h"
+#include "shell/prompt.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using Lines = std::vector<std::string>;
+
+constexpr int SECOND_RADIO = 1;
+
+TEST(Band, IsSelectedByOneWordOfZeroOrOne) {
+    char prompt[PROMPT_SIZE] = "other";
+    cli_prompt = prompt;
+    const auto select = [](const std::string &words) {
+        TypedLine typed(words);
+        typed.cli().current_band = 7;
+        int result = 0;
+        const std::string out =
+            capture_output([&] { result = select_band(typed.cli(), "", nullptr); }).out;
+        return out + "band " + std::to_string(typed.cli().current_band) + ", result " +
+               std::to_string(result);
+    };
+    const std::string refused = "ERROR: Unable to set Band.\nband 7, result -1";
+    for (const char *words : {"", "2", "-1", "1 1"})
+        EXPECT_EQ(select(words), refused) << words;
+    EXPECT_EQ(select("x"), "Invalid input\n" + refused);
+    EXPECT_STREQ(prompt, "other");
+    EXPECT_EQ(select("1"), "current band is: 1 (0:2.4G, 1:5G)\nband 1, result 0");
+    EXPECT_EQ(operating_band, 1);
+    EXPECT_STREQ(prompt, "WAP-> ");
+    EXPECT_EQ(select("0"), "current band is: 0 (0:2.4G, 1:5G)\nband 0, result 0");
+    EXPECT_EQ(operating_band, 0);
+    cli_prompt = nullptr;
+}
+
+TEST(Band, ChoosesTheInterface) {
+    FakeDaemon daemon;
+    daemon.put("/wlan/inf:2/ssid", "Upstairs");
+    daemon.put("/wlan/inf:2/acktimeout_a", "25");
+    daemon.put("/runtime/stats/wlan/inf:2/channel", "149");
+    const auto run = [](const std::string &line) {
+        return dispatch_line(root_table(), line, SECOND_RADIO).out;
+    };
+    EXPECT_EQ(run("get ssid"), "SSID:Upstairs\n");
+    EXPECT_EQ(run("get acktimeout"), "acktimeout:25 micro sec\n");
+    EXPECT_EQ(run("get channel"), "channel:149\n");
+    daemon.take_requests();
+    for (const char *line :
+         {"set ssid Attic", "set wmm enable", "set cwm auto", "set dtim 3", "set acktimeout_g 48",
+          "set wlmode an", "set dfstest 1", "set band 5G"})
+        EXPECT_EQ(dispatch_line(root_table(), line, SECOND_RADIO).result, 0) << line;
+    // Three of them know one radio only.
+    EXPECT_EQ(daemon.take_writes(),
+              (Lines{"set /wlan/inf:2/ssid Attic", "set /wlan/inf:2/wmm/enable 1",
+                     "set /wlan/inf:2/cwmmode 1", "set /wlan/inf:2/dtim 3",
+                     "set /wlan/inf:2/acktimeout_g 48", "set /wlan/inf:1/wlmode 8",
+                     "set /wlan/inf:1/dfstest 1", "set /wlan/ch_mode 1"}));
+}
+
+// The lines of `get availablechannel` with so many channels in each of the tables.
+Lines channel_lines(int channels) {
+    FakeDaemon daemon;
+    RecordingShell shell;
+    for (const char *table : {"inf:1/channeltable/channel:", "inf:2/channeltable/channel:",
+                              "inf:2/channeltable/wdschannel:"}) {
+        for (int entry = 1; entry <= channels; ++entry)
+            daemon.put("/runtime/stats/wlan/" + (table + std::to_string(entry)) + "/channel",
+                       std::to_string(entry));
+    }
+    const std::string out = dispatch_line(root_table(), "get availablechannel").out;
+    EXPECT_EQ(shell.take_lines(), Lines{"genchanneltable 2> /dev/null"});
+    Lines lines;
+    for (std::size_t at = 0, end = 0; end != std::string::npos; at = end + 1) {
+        end = out.find('\n', at);
+        lines.push_back(out.substr(at, end - at));
+    }
+    return lines;
+}
+
+TEST(AvailableChannels, ContinueBelowTheFirstChannel) {
+    const std::string blanks(40, ' ');
+    EXPECT_EQ(channel_lines(12).size(), 6U);
+    const Lines fourteen = channel_lines(14);
+    ASSERT_EQ(fourteen.size(), 8U);
+    EXPECT_EQ(fourteen[2], "2.4 GHz available channel = 1 2 3 4 5 6 7 8 9 10 11 12 13 14");
+    EXPECT_EQ(fourteen[3], "5 GHz available channel = 1 2 3 4 5 6 7 8 9 10 11 12");
+    EXPECT_EQ(fourteen[4], blanks.substr(0, 25) + " 13 14");
+    EXPECT_EQ(fourteen[5], "5 GHz available WDS channel = 1 2 3 4 5 6 7 8 9 10 11 12");
+    EXPECT_EQ(fourteen[6], blanks.substr(0, 29) + " 13 14");
+    EXPECT_EQ(channel_lines(15)[3], blanks.substr(0, 27) + " 15");
+    // A full table has no empty entry to end its last line, and nothing beyond it is read.
+    const Lines full = channel_lines(51);
+    ASSERT_EQ(full.size(), 12U);
+    EXPECT_EQ(full[5], blanks.substr(0, 27) + " 45 46 47 48 49 505 GHz available channel = " +
+                           "1 2 3 4 5 6 7 8 9 10 11 12");
+    EXPECT_EQ(full.back(), blanks.substr(0, 29) + " 39 40 41 42 43 44 45 46 47 48 49 50");
+}
+
+TEST(SetChannel, LooksUpToTheFirstEmptyEntry) {
+    FakeDaemon daemon;
+    RecordingShell shell;
+    const std::string table = "/runtime/stats/wlan/inf:1/channeltable/channel:";
+    daemon.put("/wlan/ch_mode", "0");
+    daemon.put(table + "1/channel", "06");
+    daemon.put(table + "3/channel", "11");
+    dispatch_line(root_table(), "set channel 6x");
+    EXPECT_EQ(daemon.take_writes(), Lines{"set /wlan/inf:1/channel 6x"});
+    EXPECT_TRUE(dispatch_line(root_table(), "set channel 11")
+                    .out.starts_with("error channel number!\nCountry:unknow country!\n"));
+    EXPECT_EQ(daemon.take_writes(), Lines{});
+}
+
+TEST(WlanTest, RestartsAndWaitsForTheRadioToSettle) {
+    const DebugUnlocked unlocked;
+    FakeDaemon daemon;
+    RecordingShell shell;
+    for (const char *line : {"set wlantest", "set wlantest 1 2"}) {
+        const CommandRun run = dispatch_line(root_table(), line);
+        EXPECT_EQ(run.out, "error wlantest number!\n");
+        EXPECT_EQ(run.result, -1);
+    }
+    EXPECT_EQ(dispatch_line(root_table(), "set wlantest 0").result, 0);
+    EXPECT_EQ(dispatch_line(root_table(), "set wlantest -3").result, 0);
+    EXPECT_EQ(shell.take_lines(), Lines{});
+
+    const std::string restart = "sh /etc/templates/wlan.sh restart 2> /dev/null";
+    const Lines once{restart, "sleep 10", "sleep 12", "free > /dev/console"};
+    daemon.put("/runtime/wireless/setting/status", "1");
+    EXPECT_EQ(dispatch_line(root_table(), "set wlantest 2").result, 0);
+    Lines twice = once;
+    twice.insert(twice.end(), once.begin(), once.end());
+    EXPECT_EQ(shell.take_lines(), twice);
+
+    daemon.put("/runtime/wireless/setting/status", "0");
+    daemon.take_requests();
+    dispatch_line(root_table(), "set wlantest 1");
+    EXPECT_EQ(daemon.take_requests().size(), 101U);
+    EXPECT_EQ(shell.take_lines().size(), 4U + 101U);
+}
+
+} // namespace
