@@ -1,6 +1,6 @@
 // A prompt with the line editor that everybody knows: what the console's is measured against.
-#include <cstdlib>
 #include <cstdio>
+#include <cstdlib>
 #include <readline/readline.h>
 
 int main() {
