@@ -135,7 +135,13 @@ const char *security_level_name(std::int32_t level) {
 constexpr const char *GROUP_VIEWS[] = {"ReadView", "WriteView", "NotifyView"};
 constexpr int FIRST_VIEW_WORD = 2;
 
-int check_view_lengths(const CliContext &cli) {
+int check_group_words(const CliContext &cli, std::int32_t &level) {
+    if (exceeds(arg_peek(cli, 0), SNMP_NAME_LIMIT))
+        return refuse("\nGroup name exceeds %d characters!!\n", SNMP_NAME_LIMIT);
+    if (int_parse_blank(arg_peek(cli, 1), level) == 0)
+        return refuse("\nSelect Auth and Priv with a digit!!\n");
+    if (!is_between(level, LEVEL_NOAUTH, LEVEL_PRIV))
+        return refuse("\nSelect Auth and Priv with a digit between 1-3!!\n");
     int word = FIRST_VIEW_WORD;
     for (const char *view : GROUP_VIEWS) {
         if (exceeds(arg_peek(cli, word++), SNMP_NAME_LIMIT))
@@ -236,16 +242,10 @@ int add_snmp_group(CliContext &cli, const char *, CliCommand *) {
                       "                      ReadView<string>(none:NULL) "
                       "WriteView<string>(none:NULL)\n"
                       "                      NotifyView<string>(none:NULL) >\n");
-    const char *name = arg_peek(cli, 0);
-    if (exceeds(name, SNMP_NAME_LIMIT))
-        return refuse("\nGroup name exceeds %d characters!!\n", SNMP_NAME_LIMIT);
     std::int32_t level = 0;
-    if (int_parse_blank(arg_peek(cli, 1), level) == 0)
-        return refuse("\nSelect Auth and Priv with a digit!!\n");
-    if (!is_between(level, LEVEL_NOAUTH, LEVEL_PRIV))
-        return refuse("\nSelect Auth and Priv with a digit between 1-3!!\n");
-    if (check_view_lengths(cli) != CLI_DONE)
+    if (check_group_words(cli, level) != CLI_DONE)
         return CLI_REFUSED;
+    const char *name = arg_peek(cli, 0);
     CutSnmpText value;
     // No failure, though nothing is written. Meant so.
     const int row = has_views(cli) ? new_snmp_row(SNMP_GROUPS, value, name) : 0;
