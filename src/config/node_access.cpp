@@ -12,7 +12,7 @@ namespace {
 struct NodePath {
     char text[NODE_PATH_LIMIT + 1];
 
-    NodePath(const char *format, std::va_list values) {
+    [[gnu::format(printf, 2, 0)]] NodePath(const char *format, std::va_list values) {
         std::vsnprintf(text, sizeof text, format, values);
     }
 };

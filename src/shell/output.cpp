@@ -5,7 +5,7 @@
 
 namespace {
 
-int print_flushed(const char *format, std::va_list values) {
+[[gnu::format(printf, 1, 0)]] int print_flushed(const char *format, std::va_list values) {
     const int printed = std::vprintf(format, values);
     std::fflush(stdout);
     return printed;
