@@ -3,6 +3,7 @@
 #include "session/journal.h"
 #include "session/transcript_text.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace session {

@@ -2,6 +2,7 @@
 
 #include "session/console_session.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <iostream>

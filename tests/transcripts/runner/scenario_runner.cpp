@@ -6,6 +6,7 @@
 #include "session/journal.h"
 #include "session/transcript_text.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
