@@ -37,7 +37,8 @@ stage() {
         echo "FAILED"
         cat "$suite/$name.log"
     fi
-    echo "add_test($name sh -c \"cat '$suite/$name.log'; exit $status\")" >>"$suite/CTestTestfile.cmake"
+    echo "add_test($name sh -c \"echo 'shown above, and in $suite/$name.log'; exit $status\")" \
+        >>"$suite/CTestTestfile.cmake"
     return $status
 }
 
@@ -71,7 +72,7 @@ check_tidy() {
     [ ! .clang-tidy -nt build/tidy/build.ninja ] || rm -rf build/tidy
     cmake --preset release -B build/tidy -D CMAKE_BUILD_TYPE=Debug \
         -D CMAKE_CXX_CLANG_TIDY='clang-tidy;--quiet' &&
-        cmake --build build/tidy --parallel "$jobs" -- -k 0
+        cmake --build build/tidy --parallel "$jobs" -- -k 0 --quiet
 }
 
 has_fuzz_targets() {
