@@ -38,17 +38,17 @@ void lower(char *word) {
     }
 }
 
-// The rows that a word which names none in full may become.
+// The rows that a word which names none in full may become: of those that the dispatcher measured,
+// which leaves out what is hidden or locked, the ones with the longest match.
 class Candidates {
 public:
-    Candidates(const CliContext &cli, CliCommand *table, std::string_view word)
-        : cli_(cli), table_(table), word_(word) {
+    Candidates(const CliCommand *table, std::string_view word) : table_(table), word_(word) {
         for (const CliCommand *row = table; row->handler != nullptr; ++row)
             longest_ = std::max(longest_, row->match_length);
     }
 
     [[nodiscard]] bool has(const CliCommand &row) const {
-        return row.match_length == longest_ && is_listed(cli_, row) && name_begins_with(row, word_);
+        return row.match_length == longest_ && name_begins_with(row, word_);
     }
 
     [[nodiscard]] int count() const {
@@ -78,8 +78,7 @@ public:
     }
 
 private:
-    const CliContext &cli_;
-    CliCommand *table_;
+    const CliCommand *table_;
     std::string_view word_;
     std::int32_t longest_ = 1;
 };
@@ -129,7 +128,7 @@ public:
             completed_.add_word(match.row->name);
             return true;
         }
-        const Candidates candidates(cli_, table_, word);
+        const Candidates candidates(table_, word);
         const int count = candidates.count();
         if (count == 0)
             return false;
