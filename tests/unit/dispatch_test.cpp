@@ -26,6 +26,7 @@ constinit auto acl_rows = command_table({
     {"add", "Add one", leaf},
     {"del", "Delete one", leaf},
     {"del2", "Delete two", leaf},
+    {"delMore", "Delete more", leaf},
 });
 constinit auto set_rows = command_table({
     {"ssid", "Set SSID", leaf},
@@ -66,8 +67,8 @@ std::string listed(const std::string &path, const std::string &help) {
 
 const std::string HINT = "Type \"help\" for a list of valid commands.\n";
 const std::string PARAMETERS = "List of valid parameter(s):\n";
-const std::string ACL_LISTING =
-    listed(" add", "Add one") + listed(" del", "Delete one") + listed(" del2", "Delete two");
+const std::string ACL_LISTING = listed(" add", "Add one") + listed(" del", "Delete one") +
+                                listed(" del2", "Delete two") + listed(" delMore", "Delete more");
 
 struct DispatchCase {
     const char *line;
@@ -124,6 +125,8 @@ TEST(Dispatch, ReportsUnknownWords) {
         {"set hid", -1, "", "Invalid parameter: hid\n" + HINT},
         {"set second", -1, "", "Invalid parameter: second\n" + HINT},
         {"set third", -1, "", "Invalid parameter: third\n" + HINT},
+        // The first of the longest matches is taken or none.
+        {"set acl delm", -1, "", "Invalid parameter: delm\n" + PARAMETERS + ACL_LISTING},
         {"set acl x y", -1, "", "Invalid parameter: x y\n" + PARAMETERS + ACL_LISTING},
         // Of several rows that share a beginning none lists anything; the one above does.
         {"s foo", 5, "", "Invalid parameter: foo\n" + HINT},
@@ -155,9 +158,11 @@ TEST(Dispatch, ListsAFamilyForItsLonelyName) {
         listed("set ssid", "Set SSID") + listed("set autoChannel", "Set channel selection") +
         listed("set autorekey", "Set rekeying") + listed("set acl add", "Add one") +
         listed("set acl del", "Delete one") + listed("set acl del2", "Delete two") +
-        listed("set first", "On the first radio") + listed("set broken", "Without its subtable");
+        listed("set acl delMore", "Delete more") + listed("set first", "On the first radio") +
+        listed("set broken", "Without its subtable");
     const std::string acl_listing = listed("acl add", "Add one") + listed("acl del", "Delete one") +
-                                    listed("acl del2", "Delete two");
+                                    listed("acl del2", "Delete two") +
+                                    listed("acl delMore", "Delete more");
     expect_dispatch({"set", 3, "", set_listing});
     expect_dispatch({"s", 3, "", set_listing});
     expect_dispatch({"set acl", 3, "", acl_listing});
@@ -186,14 +191,13 @@ TEST(Listing, GoesAsDeepAsItsLevel) {
         return capture_output([&] { cli_list(line.cli(), root.data(), "", filter, level); }).out;
     };
     EXPECT_EQ(list("s", LIST_ROWS), listed(" snmp", "SNMP Commands"));
-    EXPECT_EQ(list("sn", LIST_FAMILY), listed(" snmp add", "Add one") +
-                                           listed(" snmp del", "Delete one") +
-                                           listed(" snmp del2", "Delete two"));
+    EXPECT_EQ(list("sn", LIST_FAMILY),
+              listed(" snmp add", "Add one") + listed(" snmp del", "Delete one") +
+                  listed(" snmp del2", "Delete two") + listed(" snmp delMore", "Delete more"));
     EXPECT_EQ(list(nullptr, 5), listed(" help", "Display list") + listed(" ping", "Ping a host") +
                                     listed(" Master", "Capital"));
-    EXPECT_EQ(list("del", LIST_TREE),
-              listed(" set acl del", "Delete one") + listed(" set acl del2", "Delete two") +
-                  listed(" snmp del", "Delete one") + listed(" snmp del2", "Delete two"));
+    EXPECT_EQ(list("del2", LIST_TREE),
+              listed(" set acl del2", "Delete two") + listed(" snmp del2", "Delete two"));
     EXPECT_EQ(list("m", LIST_FAMILY), "") << "filters compare with case";
     list_first_row_only = true;
     EXPECT_EQ(list(nullptr, LIST_FAMILY), "") << "the first row is hidden";
@@ -259,7 +263,7 @@ TEST(Completion, CompletesWordsAndListsCandidates) {
              listed("set autorekey", "Set rekeying")},
         {"set acl ", "set acl ",
          listed("set acl add", "Add one") + listed("set acl del", "Delete one") +
-             listed("set acl del2", "Delete two")},
+             listed("set acl del2", "Delete two") + listed("set acl delMore", "Delete more")},
     };
     for (const auto &one : cases) {
         SCOPED_TRACE(one.before);

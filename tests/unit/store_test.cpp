@@ -109,10 +109,12 @@ TEST(NodeAccess, WritesOnceAndReadsAllFlagsBefore) {
 
 TEST(NodeAccess, ReportsADeadDaemon) {
     FakeDaemon daemon;
+    daemon.put("/a", "old");
+    ShortValue<7> value;
+    cfg_get(value, "/a");
     daemon.stop();
     const std::string once = "Cound not connect to unix socket: (null).\n"
                              "Cannot open database.: No such file or directory\n";
-    ShortValue<7> value;
     int got = 0;
     int set = 0;
     int deleted = 0;
@@ -122,6 +124,7 @@ TEST(NodeAccess, ReportsADeadDaemon) {
     EXPECT_EQ(occurrences(setting, once), 33U);
     EXPECT_EQ(capture_output([&] { deleted = cfg_del("/a"); }).err, once);
     EXPECT_EQ(got, -1);
+    EXPECT_TRUE(value.empty());
     EXPECT_EQ(set, -1);
     EXPECT_EQ(deleted, -1);
 }
