@@ -160,8 +160,8 @@ void print_profile(int profile) {
 }
 
 struct LogSettings {
-    ShortValue<127> server;
-    ShortValue<127> mail_minutes;
+    ValueBuffer server{};
+    ValueBuffer mail_minutes{};
     int remote;
     int system;
     int wireless;
@@ -251,6 +251,8 @@ int set_testlog(CliContext &cli, const char *, CliCommand *) {
 int get_syslog(CliContext &, const char *, CliCommand *) {
     LogSettings log{};
     MailSettings mail{};
+    if (!log.server || !log.mail_minutes)
+        return refuse("memory error!\n");
     read_settings(log);
     read_settings(mail, log.profile);
     cli_printf("Remote SysLog \tStatus: %s\n", capital_enable_word(log.remote != 0));
