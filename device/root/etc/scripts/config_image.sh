@@ -9,18 +9,21 @@ IMAGE_BLOCK=1024
 
 image_signature() { node /runtime/layout/image_sign; }
 
-# write_image FILE
+# write_image FILE: none at all when the settings cannot be had.
 write_image() {
     signature=$(image_signature)
     saves=$(cat /var/run/saves 2>/dev/null)
     saves=$((saves + 1))
     echo $saves >/var/run/saves
     width=$((IMAGE_HEADER - ${#signature} - 2))
-    {
+    rgdb -C - >/tmp/settings.$$ && {
         printf '%s\n' "$signature"
         printf "%-$width.${width}s\n" "save $saves, $(date '+%Y-%m-%d %H:%M:%S')"
-        rgdb -C - | bzip2
-    } >"$1" || return
+        bzip2 </tmp/settings.$$
+    } >"$1"
+    status=$?
+    rm -f /tmp/settings.$$
+    [ $status -eq 0 ] || return $status
     fill=$((IMAGE_BLOCK - $(wc -c <"$1") % IMAGE_BLOCK))
     head -c $((fill % IMAGE_BLOCK)) /dev/zero >>"$1"
 }
