@@ -5,10 +5,10 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// The four version fields.
+// The four version fields. Returns 0; or -1 after "memory error!".
 int get_runtime(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Take one word of at most 32 characters.
+// Take one word of at most 32 characters; refuse anything else, and say so.
 int set_location(CliContext &cli, const char *word, CliCommand *subtable);
 int set_system_name(CliContext &cli, const char *word, CliCommand *subtable);
 

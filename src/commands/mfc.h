@@ -4,16 +4,26 @@
 
 #include "commands/tool_output.h"
 
-// `mfc init LANMAC` and three words more.
+// These print what the tool answers, up to 1023 characters, as a line. A count of words that is not
+// the command's is refused with its usage; see below for the exceptions.
+
+// `mfc init LANMAC` and three words more. Refuses what is no MAC address.
 int mfc_init(CliContext &cli, const char *word, CliCommand *subtable);
+
+// The radio's test: words SSID CHANNEL.
 int mfc_test_5g(CliContext &cli, const char *word, CliCommand *subtable);
 int mfc_test_24g(CliContext &cli, const char *word, CliCommand *subtable);
 int mfc_set_country_code(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Hands one word on, any other number of them is ignored.
 int mfc_reset(CliContext &cli, const char *word, CliCommand *subtable);
+
+// One word. Other counts return 0: the button's with its usage, the LED's without a word.
 int mfc_button(CliContext &cli, const char *word, CliCommand *subtable);
 int mfc_led(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Gives the WAN and the LAN the same address; any word will do.
+// Gives the WAN and the LAN the same address; any one word will do. This and the revision's print
+// up to 255 characters of each answer; no word is refused with the usage, several without a word.
 int set_mac_address(CliContext &cli, const char *word, CliCommand *subtable);
 int set_hardware_revision(CliContext &cli, const char *word, CliCommand *subtable);
 

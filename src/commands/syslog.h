@@ -3,14 +3,18 @@
 
 #include "shell/command.h"
 
-// `set syslog KEYWORD VALUE`. A value that its keyword does not take is told, but mostly still
-// counts as a handled command: the mailing is reset and the radio marked for restart.
+// `set syslog KEYWORD VALUE`, both as typed. Writes and saves the setting and says whether it
+// could. Refuses other counts of words with its usage, unknown keywords, bad addresses, and without
+// a word every field of a mail profile while none is in use. Any other value that its keyword does
+// not take is told, but still counts as a handled command: the mailing is reset and the radio
+// marked for restart.
 int set_syslog(CliContext &cli, const char *word, CliCommand *subtable);
 
-// `set testlog count N`: writes N entries into the system log, numbered from N down to 1.
+// `set testlog count N`: writes N entries into the system log, numbered from N down to 1, or says
+// that it cannot when N is less than 1. Refuses other words.
 int set_testlog(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Prints the settings and then the local log.
+// Prints the settings and then the local log. Returns 0; or -1 after "memory error!".
 int get_syslog(CliContext &cli, const char *word, CliCommand *subtable);
 
 inline constexpr auto syslog_set_rows = command_rows({

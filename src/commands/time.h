@@ -14,19 +14,28 @@ using CalendarWords = std::array<const char *, 6>;
 // outside of what can be counted.
 bool calendar_seconds(const CalendarWords &words, std::time_t &seconds);
 
+// `set time YEAR MONTH DAY HOUR MINUTE SECOND`, the later ones left out at will; sets the system's
+// clock, and says nothing when that fails. Refuses only no words at all.
 int set_time(CliContext &cli, const char *word, CliCommand *subtable);
 int get_time(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Days, hours, minutes and seconds since the start.
 int get_uptime(CliContext &cli, const char *word, CliCommand *subtable);
 
-// `set sntpserver enable|disable|ADDRESS`; an address is saved and takes effect at once.
+// `set sntpserver enable|disable|ADDRESS`; an address is saved and takes effect at once. Refuses
+// other words and counts.
 int set_time_server(CliContext &cli, const char *word, CliCommand *subtable);
+
+// This and the time zone's return 0; or -1 after "memory error!".
 int get_time_server(CliContext &cli, const char *word, CliCommand *subtable);
 
-// `set tzone 1..75`; takes effect at once.
+// `set tzone 1..75`; saved, takes effect at once. Refuses other counts of words; a number out of
+// range or a failed write is told, and returns 0.
 int set_time_zone(CliContext &cli, const char *word, CliCommand *subtable);
 int get_time_zone(CliContext &cli, const char *word, CliCommand *subtable);
 
-// `set daylightsaving STATE`; takes effect at once.
+// `set daylightsaving STATE`, any one word, 1 being on; saved, takes effect at once. Refuses other
+// counts of words; a failed write is told, and returns 0.
 int set_daylight_saving(CliContext &cli, const char *word, CliCommand *subtable);
 int get_daylight_saving(CliContext &cli, const char *word, CliCommand *subtable);
 

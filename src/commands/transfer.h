@@ -3,15 +3,18 @@
 
 #include "shell/command.h"
 
-// Words FILE HOST. A bad host is told, and the transfer is tried all the same. Meant so.
+// Each refuses other counts of words with its usage.
+
+// Words FILE HOST. Prints what the tool answers, up to 255 characters. A bad host is told, and the
+// transfer is tried all the same. Meant so.
 int tftp_get_config(CliContext &cli, const char *word, CliCommand *subtable);
 int tftp_get_firmware(CliContext &cli, const char *word, CliCommand *subtable);
 int tftp_put_config(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Sends the whole database as text.
+// Sends the whole database as text, with a bad host as above; what the tools answer is not shown.
 int tftp_put_xml_config(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Fetches such a text and loads it; a bad host or an empty file is refused.
+// Fetches such a text and loads it; a bad host and a missing or empty file are refused.
 int tftp_get_xml_config(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Words FILE HOST USER PASSWORD, with a bad host as for TFTP.
