@@ -44,15 +44,6 @@ int switch_static_lease(std::ptrdiff_t row, const char *state) {
 
 } // namespace
 
-int set_dhcp_netmask(CliContext &cli, const char *, CliCommand *) {
-    Ipv4Text mask{};
-    if (!take_netmask(cli, mask))
-        return refuse("NO Netmask Address!\n");
-    cfg_set(mask.data(), "/lan/dhcp/server/pool:1/netmask");
-    pending_apply |= APPLY_LAN;
-    return CLI_DONE;
-}
-
 int set_dhcp_leasetime(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 1)
         return refuse("Error setting.\n");

@@ -1,8 +1,8 @@
 // The DHCP server for the LAN: its pool, what it hands out, its leases and its static leases.
 #pragma once
 
+#include "commands/address_setter.h"
 #include "commands/fixed_value.h"
-#include "commands/lan_ip.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
@@ -47,7 +47,6 @@ consteval StaticLeases make_static_leases() {
 
 inline constexpr StaticLeases STATIC_LEASES = make_static_leases();
 
-int set_dhcp_netmask(CliContext &cli, const char *word, CliCommand *subtable);
 int set_dhcp_leasetime(CliContext &cli, const char *word, CliCommand *subtable);
 
 // The static lease that was named, on or off.
@@ -110,7 +109,8 @@ inline constexpr auto dhcp_set_rows = command_rows({
      set_host_address<"/lan/dhcp/server/pool:1/gateway", APPLY_DHCPD, "No gateway!\n">},
     {"dhcp_wins", "Set dhcp server wins ip  ",
      set_host_address<"/lan/dhcp/server/pool:1/primarywins", APPLY_DHCPD, "No wins!\n">},
-    {"dhcp_netmask", "set dhcp server netmask", set_dhcp_netmask},
+    {"dhcp_netmask", "set dhcp server netmask",
+     set_netmask<"/lan/dhcp/server/pool:1/netmask", APPLY_LAN>},
     {"dhcp_leasetime", "set dhcp server lease time", set_dhcp_leasetime},
     {"dhcp_staticip_set_enable", "set dhcp staticip enable", dispatch_subtable,
      static_lease_enable_rows.data()},

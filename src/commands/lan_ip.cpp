@@ -1,6 +1,5 @@
 #include "commands/lan_ip.h"
 
-#include "commands/address.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
 #include "shell/output.h"
@@ -22,25 +21,6 @@ void read_host_name() {
 }
 
 } // namespace
-
-int write_host_address(CliContext &cli, const char *path, std::uint32_t apply_bits,
-                       const char *message) {
-    Ipv4Text address{};
-    if (!take_host_address(cli, address))
-        return refuse("%s", message);
-    cfg_set(address.data(), "%s", path);
-    pending_apply |= apply_bits;
-    return CLI_DONE;
-}
-
-int set_ip_mask(CliContext &cli, const char *, CliCommand *) {
-    Ipv4Text mask{};
-    if (!take_netmask(cli, mask))
-        return refuse("NO Netmask Address!\n");
-    cfg_set(mask.data(), "/wan/rg/inf:1/static/netmask");
-    pending_apply |= APPLY_WAN;
-    return CLI_DONE;
-}
 
 int get_ip_address(CliContext &, const char *, CliCommand *) {
     if (mode_begins_static()) {

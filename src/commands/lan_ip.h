@@ -1,22 +1,10 @@
 // The device's own address: IP address, netmask, gateway, DNS server, and where they come from.
 #pragma once
 
+#include "commands/address_setter.h"
 #include "commands/fixed_value.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
-
-// Takes one word, a host address, and writes it in canonical form to the node of `path`; sets the
-// apply bits. Returns 0; or -1 after `message`.
-int write_host_address(CliContext &cli, const char *path, std::uint32_t apply_bits,
-                       const char *message);
-
-// The handler of such a row.
-template <FixedText Path, std::uint32_t ApplyBits, FixedText Message>
-int set_host_address(CliContext &cli, const char *, CliCommand *) {
-    return write_host_address(cli, Path.text, ApplyBits, Message.text);
-}
-
-int set_ip_mask(CliContext &cli, const char *word, CliCommand *subtable);
 
 // The values in use: the configured ones while the address is static, else those that the DHCP
 // client got.
@@ -34,7 +22,7 @@ inline constinit auto ip_mode_rows = command_table({
 inline constexpr auto lan_ip_set_rows = command_rows({
     {"ipaddr", "Set IP Address",
      set_host_address<"/wan/rg/inf:1/static/ip", APPLY_WAN | APPLY_WLAN, "No IP Address!\n">},
-    {"ipmask", "Set IP Subnet Mask", set_ip_mask},
+    {"ipmask", "Set IP Subnet Mask", set_netmask<"/wan/rg/inf:1/static/netmask", APPLY_WAN>},
     {"gateway", "Set Gateway IP Address",
      set_host_address<"/wan/rg/inf:1/static/gateway", APPLY_WAN, "No gateway!\n">},
     {"nameaddr", "Set DNS Address",
