@@ -16,30 +16,22 @@ bool mode_begins_static() {
     return mode.number() == STATIC_MODE;
 }
 
-void read_host_name() {
+int run_by_mode(const CliContext &cli, const char *when_static, const char *when_dynamic) {
+    if (mode_begins_static())
+        return run_fixed_command(cli, when_static);
     cfg_number("/sys/hostname"); // nothing comes of it
+    return run_fixed_command(cli, when_dynamic);
 }
 
 } // namespace
 
-int get_ip_address(CliContext &, const char *, CliCommand *) {
-    if (mode_begins_static()) {
-        run_command("rgdb -g /wan/rg/inf:1/static/ip");
-        return CLI_DONE;
-    }
-    read_host_name();
-    run_command("rgdb -i -g /runtime/wan/inf:1/ip");
-    return CLI_DONE;
+int get_ip_address(CliContext &cli, const char *, CliCommand *) {
+    return run_by_mode(cli, "rgdb -g /wan/rg/inf:1/static/ip", "rgdb -i -g /runtime/wan/inf:1/ip");
 }
 
-int get_ip_mask(CliContext &, const char *, CliCommand *) {
-    if (mode_begins_static()) {
-        run_command("rgdb -g /wan/rg/inf:1/static/netmask");
-        return CLI_DONE;
-    }
-    read_host_name();
-    run_command("rgdb -i -g /runtime/wan/inf:1/netmask");
-    return CLI_DONE;
+int get_ip_mask(CliContext &cli, const char *, CliCommand *) {
+    return run_by_mode(cli, "rgdb -g /wan/rg/inf:1/static/netmask",
+                       "rgdb -i -g /runtime/wan/inf:1/netmask");
 }
 
 int get_gateway(CliContext &cli, const char *, CliCommand *) {
