@@ -13,16 +13,11 @@
 namespace {
 
 constexpr int ACL_CAPACITY = 256;
-constexpr int ACL_TABLE_ROWS = 512;
 constexpr int ROGUE_CAPACITY = 64;
 constexpr int SCAN_ROWS = 64;
 
-NumberedList acl_entries(const CliContext &cli) {
-    return {"/wlan/inf:%d/acl/mac:%d", interface_number(cli)};
-}
-
 AddressList access_control_list(const CliContext &cli) {
-    return {acl_entries(cli), ACL_CAPACITY, "ACL", "mac"};
+    return {{ACL_ADDRESSES, interface_number(cli)}, ACL_CAPACITY, "ACL", "mac"};
 }
 
 // What the radio found, and what the administrator made of it: the fields of an access point.
@@ -105,15 +100,6 @@ int delete_acl_address(CliContext &cli, const char *, CliCommand *) {
     if (mac == nullptr)
         return refuse("error macaddrdel!\n");
     return delete_address(access_control_list(cli), entry, mac);
-}
-
-int get_acl_addresses(CliContext &cli, const char *, CliCommand *) {
-    return show_addresses(acl_entries(cli), LIST_BOUND, "macaddr:%d-->%s\n", MEMORY_ERROR);
-}
-
-int get_acl_table(CliContext &, const char *, CliCommand *) {
-    return show_addresses(NumberedList("/wlan/inf:1/acl/mac:%d"), ACL_TABLE_ROWS, "%d     %s\n",
-                          MEMORY_ERROR);
 }
 
 int get_rogue_aps(CliContext &cli, const char *, CliCommand *) {

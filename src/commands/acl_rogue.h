@@ -3,8 +3,12 @@
 #pragma once
 
 #include "commands/fixed_value.h"
+#include "commands/list_display.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
+
+inline constexpr char ACL_ADDRESSES[] = "/wlan/inf:%d/acl/mac:%d";
+inline constexpr int ACL_TABLE_ROWS = 512;
 
 const char *acl_mode_name(int mode);
 
@@ -12,8 +16,6 @@ const char *acl_mode_name(int mode);
 int add_acl_address(CliContext &cli, const char *word, CliCommand *subtable);
 // Takes any word: it only has to stand in the list.
 int delete_acl_address(CliContext &cli, const char *word, CliCommand *subtable);
-int get_acl_addresses(CliContext &cli, const char *word, CliCommand *subtable);
-int get_acl_table(CliContext &cli, const char *word, CliCommand *subtable);
 
 int get_rogue_aps(CliContext &cli, const char *word, CliCommand *subtable);
 // Writes a classified access point: index, type, MAC address. Only the last one's length counts.
@@ -41,8 +43,10 @@ inline constexpr auto acl_rogue_set_rows = command_rows({
 
 inline constexpr auto acl_rogue_get_rows = command_rows({
     {"acl", "Display ACL", show_name<"/wlan/inf:%d/acl/mode", "aclmode:%s\n", acl_mode_name>},
-    {"macaddrlist", "Display MAC Address List", get_acl_addresses},
-    {"acl-table", "Display macfilter table", get_acl_table},
+    {"macaddrlist", "Display MAC Address List",
+     show_list<ACL_ADDRESSES, "macaddr:%d-->%s\n", MEMORY_ERROR>},
+    {"acl-table", "Display macfilter table",
+     show_list<"/wlan/inf:1/acl/mac:%d", "%d     %s\n", MEMORY_ERROR, nullptr, ACL_TABLE_ROWS>},
     {"rogue_ap", "Display Rogue AP List", get_rogue_aps},
     {"intrusion", "Display intrusion", get_intrusion},
 });

@@ -3,9 +3,6 @@
 #include "config/apply.h"
 #include "shell/output.h"
 
-// The formats of displays are this program's own.
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-
 int add_address(const AddressList &list, ReadTarget value, const char *address) {
     const ListPlace place = find_in_list(list.entries, value, address, list.capacity);
     if (place.end == ListEnd::Full)
@@ -23,15 +20,5 @@ int delete_address(const AddressList &list, ReadTarget value, const char *addres
         return refuse("error macaddrdel!\n"); // whatever kind of address. Meant so.
     list.entries.remove(place.index);
     pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
-}
-
-int show_addresses(const NumberedList &entries, int limit, const char *format,
-                   const char *memory_message) {
-    ValueBuffer address;
-    if (!address)
-        return refuse("%s", memory_message);
-    for_each_entry(entries, address, limit,
-                   [&](int index) { cli_printf(format, index, address.text()); });
     return CLI_DONE;
 }

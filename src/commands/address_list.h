@@ -19,9 +19,3 @@ int add_address(const AddressList &list, ReadTarget value, const char *address);
 // Deletes the first entry that is the same text, which leaves a hole, and sets APPLY_WLAN.
 // Returns 0; or -1 after saying that there is none before the first empty entry.
 int delete_address(const AddressList &list, ReadTarget value, const char *address);
-
-// Prints `format`, one of this program's own, with the number and the text of each of the entries
-// 1..limit for its "%d" and "%s", up to the first empty one. Returns 0; or -1 after
-// `memory_message`.
-int show_addresses(const NumberedList &entries, int limit, const char *format,
-                   const char *memory_message);

@@ -89,14 +89,3 @@ int add_static_mac(CliContext &cli, const char *, CliCommand *) {
         return refuse("error macaddradd!\n");
     return add_to_column(MACS, stored, mac.data());
 }
-
-int show_list_column(const char *pattern, const char *label, NumberName *name) {
-    ValueBuffer value;
-    if (!value)
-        return refuse("no enough memory!\n");
-    for_each_entry(NumberedList(pattern), value, LIST_BOUND, [&](int index) {
-        cli_printf("%s:%d-->%s\n", label, index,
-                   name != nullptr ? name(value.number()) : value.text());
-    });
-    return CLI_DONE;
-}

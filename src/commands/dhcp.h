@@ -3,6 +3,7 @@
 
 #include "commands/address_setter.h"
 #include "commands/fixed_value.h"
+#include "commands/list_display.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
@@ -58,17 +59,6 @@ int disable_static_lease(CliContext &cli, const char *word, CliCommand *subtable
 int add_static_hostname(CliContext &cli, const char *word, CliCommand *subtable);
 int add_static_ip(CliContext &cli, const char *word, CliCommand *subtable);
 int add_static_mac(CliContext &cli, const char *word, CliCommand *subtable);
-
-// Prints a line "LABEL:N-->TEXT" for each entry of the list of `pattern` up to the first empty
-// one, its text named by `name` if there is one. Returns 0; or -1 after "no enough memory!".
-int show_list_column(const char *pattern, const char *label, NumberName *name);
-
-// The handler of such a row.
-template <FixedText Pattern, FixedText Label, NumberName *Name = nullptr>
-int show_column(CliContext &, const char *, CliCommand *) {
-    static_assert(Pattern.converts_only('d'));
-    return show_list_column(Pattern.text, Label.text, Name);
-}
 
 inline constinit auto dhcp_server_rows = command_table({
     {"enable", "enable dhcp server", write_fixed<"/lan/dhcp/server/enable", "1", APPLY_DHCPD>},
@@ -141,20 +131,21 @@ inline constexpr auto dhcp_get_rows = command_rows({
     {"dhcp_staticip_mode", "Display dhcp server static mode states",
      show_switch<"/runtime/func/static_dhcp", "dhcp server static ip mode:%s\n">},
     {"dhcp_sta_expire", "Display dhcp server sta's expire time",
-     show_column<"runtime/dhcpserver/lease:%d/expire", "sta's expire">},
+     show_list<"runtime/dhcpserver/lease:%d/expire", "sta's expire:%d-->%s\n">},
     {"dhcp_sta_hostname", "Display dhcp server sta's hostname",
-     show_column<"runtime/dhcpserver/lease:%d/hostname", "sta's hostname">},
+     show_list<"runtime/dhcpserver/lease:%d/hostname", "sta's hostname:%d-->%s\n">},
     {"dhcp_sta_mac", "Display dhcp server sta's mac",
-     show_column<"runtime/dhcpserver/lease:%d/mac", "sta's mac">},
+     show_list<"runtime/dhcpserver/lease:%d/mac", "sta's mac:%d-->%s\n">},
     {"dhcp_sta_ip", "Display dhcp server sta's ip",
-     show_column<"runtime/dhcpserver/lease:%d/ip", "sta's ip">},
+     show_list<"runtime/dhcpserver/lease:%d/ip", "sta's ip:%d-->%s\n">},
     {"dhcp_staticip_ip", "Display dhcp server static mode ip",
-     show_column<"/lan/dhcp/server/pool:1/staticdhcp/entry:%d/ip", "statip mode ip">},
+     show_list<"/lan/dhcp/server/pool:1/staticdhcp/entry:%d/ip", "statip mode ip:%d-->%s\n">},
     {"dhcp_staticip_mac", "Display dhcp server static mode mac",
-     show_column<"/lan/dhcp/server/pool:1/staticdhcp/entry:%d/mac", "staticip mac">},
+     show_list<"/lan/dhcp/server/pool:1/staticdhcp/entry:%d/mac", "staticip mac:%d-->%s\n">},
     {"dhcp_staticip_hostname", "Display dhcp server static mode hostname",
-     show_column<"lan/dhcp/server/pool:1/staticdhcp/entry:%d/hostname", "static ip hostname">},
+     show_list<"lan/dhcp/server/pool:1/staticdhcp/entry:%d/hostname",
+               "static ip hostname:%d-->%s\n">},
     {"dhcp_staticip_pool_state", "Display dhcp server static mode pool state",
-     show_column<"/lan/dhcp/server/pool:1/staticdhcp/entry:%d/enable", "static ip pool state",
-                 switch_name>},
+     show_list<"/lan/dhcp/server/pool:1/staticdhcp/entry:%d/enable",
+               "static ip pool state:%d-->%s\n", NO_ENOUGH_MEMORY, switch_name>},
 });

@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <string_view>
 
 // A text as a template argument.
 template <std::size_t N>
@@ -17,14 +18,21 @@ struct FixedText {
 
     consteval FixedText(const char (&literal)[N]) { std::copy_n(literal, N, text); }
 
+    // True when the text's conversions are these, in this order: "ds" for "%d" and then "%s".
+    [[nodiscard]] consteval bool converts(std::string_view conversions) const {
+        for (std::size_t at = 0; at + 1 < N; ++at) {
+            if (text[at] != '%')
+                continue;
+            if (!conversions.starts_with(text[++at]))
+                return false;
+            conversions.remove_prefix(1);
+        }
+        return conversions.empty();
+    }
+
     // True when the text has at most one conversion, and that is `conversion`.
     [[nodiscard]] consteval bool converts_only(char conversion) const {
-        int conversions = 0;
-        for (std::size_t at = 0; at + 1 < N; ++at) {
-            if (text[at] == '%' && (text[at + 1] != conversion || ++conversions > 1))
-                return false;
-        }
-        return true;
+        return converts({}) || converts({&conversion, 1});
     }
 };
 

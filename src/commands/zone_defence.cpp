@@ -15,14 +15,6 @@ AddressList zone_list(const NumberedList &entries) {
     return {entries, 64, "Zonedefence IP", "ip"};
 }
 
-NumberedList ipv4_entries(const CliContext &cli) {
-    return {"/wlan/inf:%d/zonedefence_ip/ipaddr:%d", interface_number(cli)};
-}
-
-NumberedList ipv6_entries() {
-    return NumberedList("/wlan/inf:1/zonedefence_ip/ipv6addr:%d");
-}
-
 int change_ipv4_list(CliContext &cli, ListOperation *operation) {
     ValueBuffer entry;
     if (!entry)
@@ -30,7 +22,7 @@ int change_ipv4_list(CliContext &cli, ListOperation *operation) {
     Ipv4Text address{};
     if (!take_host_address(cli, address))
         return refuse("No IP Address!\n");
-    return operation(zone_list(ipv4_entries(cli)), entry, address.data());
+    return operation(zone_list({ZONE_ADDRESSES, interface_number(cli)}), entry, address.data());
 }
 
 int change_ipv6_list(CliContext &cli, ListOperation *operation) {
@@ -48,7 +40,9 @@ int change_ipv6_list(CliContext &cli, ListOperation *operation) {
     char address[INET6_ADDRSTRLEN] = {};
     if (inet_ntop(AF_INET6, &binary, address, sizeof address) == nullptr)
         return refuse("System Error!!!\n");
-    return operation(zone_list(ipv6_entries()), entry, address);
+    // The first radio's list whatever the current band. Meant so.
+    const NumberedList entries("/wlan/inf:1/zonedefence_ip/ipv6addr:%d");
+    return operation(zone_list(entries), entry, address);
 }
 
 } // namespace
@@ -72,9 +66,4 @@ int add_zone_ipv6_address(CliContext &cli, const char *, CliCommand *) {
 
 int delete_zone_ipv6_address(CliContext &cli, const char *, CliCommand *) {
     return change_ipv6_list(cli, delete_address);
-}
-
-int get_zone_addresses(CliContext &cli, const char *, CliCommand *) {
-    return show_addresses(ipv4_entries(cli), LIST_BOUND, " Item %d IP Address %s \n",
-                          NO_ENOUGH_MEMORY);
 }

@@ -2,8 +2,11 @@
 #pragma once
 
 #include "commands/fixed_value.h"
+#include "commands/list_display.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
+
+inline constexpr char ZONE_ADDRESSES[] = "/wlan/inf:%d/zonedefence_ip/ipaddr:%d";
 
 // Also makes the radio refuse the clients of its access control list.
 int enable_zone_defence(CliContext &cli, const char *word, CliCommand *subtable);
@@ -15,8 +18,6 @@ int delete_zone_address(CliContext &cli, const char *word, CliCommand *subtable)
 // The same for IPv6 addresses, whose list both radios share. No word is bound to these two.
 int add_zone_ipv6_address(CliContext &cli, const char *word, CliCommand *subtable);
 int delete_zone_ipv6_address(CliContext &cli, const char *word, CliCommand *subtable);
-
-int get_zone_addresses(CliContext &cli, const char *word, CliCommand *subtable);
 
 inline constinit auto zone_defence_rows = command_table({
     {"enable", "enable zonedefence", enable_zone_defence},
@@ -32,5 +33,6 @@ inline constexpr auto zone_defence_set_rows = command_rows({
 inline constexpr auto zone_defence_get_rows = command_rows({
     {"zonedefence", "Display Zonedefence",
      show_switch<"/wlan/inf:%d/zonedefence", "zonedefence:%s\n">},
-    {"zonedefence-ip", "Display Zonedefence IP table list", get_zone_addresses},
+    {"zonedefence-ip", "Display Zonedefence IP table list",
+     show_list<ZONE_ADDRESSES, " Item %d IP Address %s \n">},
 });
