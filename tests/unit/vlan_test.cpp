@@ -65,6 +65,7 @@ TEST_F(Vlan, KeepsThePvidsOfThe5GhzRadio) {
     EXPECT_EQ(daemon_.take_writes(),
               (Writes{"set /wlan/inf:2/vlan_id 5", "set /wlan/inf:2/multi/index:1/vlan_id 6",
                       "set /wlan/inf:2/wds/index:4/vlan_id 7"}));
+    EXPECT_EQ(pending_apply, APPLY_WLAN);
     EXPECT_EQ(call_handler(get_wds_pvid, "4", nullptr, BAND_5G).out,
               "VLAN ID of WDS (index 4) is 7\n");
 }
@@ -77,6 +78,7 @@ TEST_F(Vlan, AutomaticPvidsLookAtNoMoreEntriesThanThereMayBe) {
             daemon_.put(entry(index) + "/ath:25/egress", "2");
         }
         EXPECT_EQ(call_handler(enable_auto_pvid, "").result, CLI_DONE);
+        EXPECT_EQ(pending_apply, APPLY_WLAN);
         EXPECT_EQ(daemon_.node("/wlan/inf:2/wds/index:1/vlan_id"), pvid);
     }
 }
