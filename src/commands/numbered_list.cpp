@@ -9,7 +9,9 @@
 const char *NumberedList::path(int index) const {
     // Far above the longest list path.
     static char path[256];
-    if (interface_ == NO_INTERFACE)
+    if (column_ != nullptr)
+        std::snprintf(path, sizeof path, pattern_, column_, index);
+    else if (interface_ == NO_INTERFACE)
         std::snprintf(path, sizeof path, pattern_, index);
     else
         std::snprintf(path, sizeof path, pattern_, interface_, index);
@@ -28,9 +30,11 @@ int NumberedList::remove(int index) const {
     return cfg_del(path(index));
 }
 
-ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity) {
-    for (int index = 1; index <= capacity; ++index) {
-        list.read(value, index);
+ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity,
+                       int first) {
+    for (int index = first; index <= capacity; ++index) {
+        if (list.read(value, index) != 0)
+            return {ListEnd::Unreadable, index};
         if (value.data[0] == '\0')
             return {ListEnd::Empty, index};
         if (std::strcmp(value.data, text) == 0)

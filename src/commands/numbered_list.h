@@ -14,6 +14,10 @@ public:
     constexpr NumberedList(const char *pattern, int interface)
         : pattern_(pattern), interface_(interface) {}
 
+    // The same with "%s" for the column's name in front: "/sys/snmpd/%s:%d".
+    constexpr NumberedList(const char *pattern, const char *column)
+        : pattern_(pattern), column_(column) {}
+
     // Where entry `index` is; the array is the operation's and lives until its next call.
     [[nodiscard]] const char *path(int index) const;
 
@@ -36,13 +40,15 @@ private:
 
     const char *pattern_;
     int interface_ = NO_INTERFACE;
+    const char *column_ = nullptr;
 };
 
 // What a walk along a list met first.
 enum class ListEnd {
-    Match, // an entry that equals the text
-    Empty, // an empty entry
-    Full,  // neither among the entries that the list may have
+    Match,      // an entry that equals the text
+    Empty,      // an empty entry
+    Unreadable, // an entry that could not be read, which was reported; `value` is empty
+    Full,       // none of these among the entries that the list may have
 };
 
 struct ListPlace {
@@ -50,9 +56,10 @@ struct ListPlace {
     int index; // of the entry; capacity + 1 when Full
 };
 
-// Walks entries 1..capacity up to the one that equals `text` exactly or the first empty one.
+// Walks entries first..capacity up to the one that equals `text` exactly or the first empty one.
 // `value` is where the entries are read.
-ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity);
+ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity,
+                       int first = 1);
 
 // Reads entries 1..capacity into `value` up to the first empty one and calls `visit(index)` for
 // each. Returns how many there were.

@@ -39,9 +39,9 @@ int refuse_long_community() {
 int check_view(const char *name) {
     SnmpText value;
     switch (find_snmp_row(SNMP_VIEWS, value, name).end) {
-    case SnmpScan::Found:
+    case ListEnd::Match:
         return CLI_DONE;
-    case SnmpScan::Unreadable:
+    case ListEnd::Unreadable:
         return CLI_REFUSED;
     default:
         return refuse("\n The view %s doesn't exist !\n", name);

@@ -58,10 +58,10 @@ bool is_fixed_community(const char *node, const char *name) {
 
 int check_community(const NewHost &host) {
     SnmpText value;
-    const SnmpScan end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).end;
-    if (end == SnmpScan::Unreadable)
+    const ListEnd end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).end;
+    if (end == ListEnd::Unreadable)
         return CLI_REFUSED;
-    if (end == SnmpScan::Found || is_fixed_community("/sys/snmpd/rwcomm", host.community) ||
+    if (end == ListEnd::Match || is_fixed_community("/sys/snmpd/rwcomm", host.community) ||
         is_fixed_community("/sys/snmpd/rocomm", host.community))
         return CLI_DONE;
     return refuse("\n The community doesn't exist !\n");
@@ -79,17 +79,17 @@ bool seems_off(const char *column, int row) {
 // Meant so.
 int check_user(const NewHost &host) {
     SnmpText value;
-    const SnmpPlace user = find_snmp_row(SNMP_USERS, value, host.community);
-    if (user.end == SnmpScan::Unreadable)
+    const ListPlace user = find_snmp_row(SNMP_USERS, value, host.community);
+    if (user.end == ListEnd::Unreadable)
         return CLI_REFUSED;
-    if (user.end != SnmpScan::Found)
+    if (user.end != ListEnd::Match)
         return CLI_DONE;
-    const bool no_auth = host.auth >= AUTH_NOPRIV && seems_off("authprotocol", user.row);
+    const bool no_auth = host.auth >= AUTH_NOPRIV && seems_off("authprotocol", user.index);
     if (no_auth && host.auth == AUTH_NOPRIV)
         return refuse("\n The specified user does seting AuthProtocol!\n");
     if (no_auth)
         return refuse("\n The specified user does not set authentication protocol!\n");
-    if (host.auth == AUTH_PRIV && seems_off("privprotocol", user.row))
+    if (host.auth == AUTH_PRIV && seems_off("privprotocol", user.index))
         return refuse("\n The specified user does not set privacy protocol!\n");
     return refuse("\n The user doesn't exist !\n");
 }

@@ -6,7 +6,6 @@
 #include "shell/output.h"
 
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
@@ -18,13 +17,9 @@ constexpr const char *VIEW_COLUMNS[] = {"viewname", "oid", "viewtype"};
 constexpr const char *HOST_COLUMNS[] = {"hostip", "secumodel", "commorun"};
 constexpr const char *COMMUNITY_COLUMNS[] = {"community", "cmviewname", "cmtype"};
 
-struct CellPath {
-    char text[64]; // far above the longest column's name
-
-    CellPath(const char *column, int row) {
-        std::snprintf(text, sizeof text, "/sys/snmpd/%s:%d", column, row);
-    }
-};
+constexpr NumberedList cells_of(const char *column) {
+    return {"/sys/snmpd/%s:%d", column};
+}
 
 // The connection of the last deletion, -1 for none. Held as a number, since an owner's destructor
 // would have to be registered at the start of the program.
@@ -101,19 +96,11 @@ constinit const SnmpTable SNMP_COMMUNITIES = {
 };
 
 int read_snmp_cell(ReadTarget value, const char *column, int row) {
-    return cfg_get(value, "%s", CellPath(column, row).text);
+    return cells_of(column).read(value, row);
 }
 
-SnmpPlace find_snmp_row(const SnmpTable &table, ReadTarget value, const char *name, int first) {
-    for (int row = first; row <= table.capacity; ++row) {
-        if (read_snmp_cell(value, table.columns[0], row) != 0)
-            return {SnmpScan::Unreadable, row};
-        if (value.data[0] == '\0')
-            return {SnmpScan::Empty, row};
-        if (std::strcmp(value.data, name) == 0)
-            return {SnmpScan::Found, row};
-    }
-    return {SnmpScan::Full, table.capacity + 1};
+ListPlace find_snmp_row(const SnmpTable &table, ReadTarget value, const char *name, int first) {
+    return find_in_list(cells_of(table.columns[0]), value, name, table.capacity, first);
 }
 
 void report_existing_snmp_row(const SnmpTable &table, const char *stored, const char *name) {
@@ -121,25 +108,25 @@ void report_existing_snmp_row(const SnmpTable &table, const char *stored, const 
 }
 
 int new_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) {
-    const SnmpPlace place = find_snmp_row(table, value, name);
+    const ListPlace place = find_snmp_row(table, value, name);
     switch (place.end) {
-    case SnmpScan::Empty:
-        return place.row;
-    case SnmpScan::Found:
+    case ListEnd::Empty:
+        return place.index;
+    case ListEnd::Match:
         report_existing_snmp_row(table, value.data, name);
-        return 0;
-    case SnmpScan::Full:
+        break;
+    case ListEnd::Full:
         cli_printf("%s\n", table.full);
-        return 0;
-    case SnmpScan::Unreadable:
-        return 0;
+        break;
+    case ListEnd::Unreadable:
+        break;
     }
     return 0;
 }
 
 void write_snmp_row(int row, std::initializer_list<SnmpCell> cells) {
     for (const SnmpCell &cell : cells)
-        cfg_set(cell.value, "%s", CellPath(cell.column, row).text);
+        cells_of(cell.column).write(row, cell.value);
 }
 
 int finish_snmp_change(const char *message) {
@@ -150,16 +137,16 @@ int finish_snmp_change(const char *message) {
 }
 
 int delete_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) {
-    const SnmpPlace place = find_snmp_row(table, value, name);
-    if (place.end == SnmpScan::Unreadable)
+    const ListPlace place = find_snmp_row(table, value, name);
+    if (place.end == ListEnd::Unreadable)
         return CLI_REFUSED;
-    if (place.end != SnmpScan::Found)
+    if (place.end != ListEnd::Match)
         return refuse("\n The %s '%s' %s\n", table.wanted, name, table.missing);
     UniqueFd connection = connect_to_database();
     if (!connection)
         return CLI_REFUSED;
     for (const char *column : table.columns)
-        xmldb_del(connection, 0, CellPath(column, place.row).text);
+        xmldb_del(connection, 0, cells_of(column).path(place.index));
     keep(std::move(connection));
     return finish_deletion(table);
 }
@@ -173,13 +160,13 @@ int delete_all_snmp_rows(const SnmpTable &table, ReadTarget value, const char *n
     // A row moves into the place of a deleted one, hence each time from the start; but no more
     // often than there are rows, for a database that does not delete.
     for (int times = 0; times < table.capacity; ++times) {
-        const SnmpPlace place = find_snmp_row(table, value, name);
-        if (place.end == SnmpScan::Unreadable)
+        const ListPlace place = find_snmp_row(table, value, name);
+        if (place.end == ListEnd::Unreadable)
             return CLI_REFUSED;
-        if (place.end != SnmpScan::Found)
+        if (place.end != ListEnd::Match)
             break;
         for (const char *column : table.columns)
-            cfg_del(CellPath(column, place.row).text);
+            cells_of(column).remove(place.index);
     }
     return finish_deletion(table);
 }

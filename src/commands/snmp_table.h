@@ -2,7 +2,7 @@
 // communities do alike.
 #pragma once
 
-#include "config/node_access.h"
+#include "commands/numbered_list.h"
 
 #include <array>
 #include <cstddef>
@@ -43,22 +43,8 @@ using CutSnmpText = ShortValue<CUT_SNMP_TEXT_LIMIT>;
 // Reads one node of a row, as cfg_get does.
 int read_snmp_cell(ReadTarget value, const char *column, int row);
 
-// What a walk down a table met first.
-enum class SnmpScan {
-    Found,      // a row of the name
-    Empty,      // an empty row
-    Full,       // neither
-    Unreadable, // a name that could not be read, which was reported
-};
-
-struct SnmpPlace {
-    SnmpScan end;
-    int row;
-};
-
-// Walks the rows from `first` on up to the one that bears exactly `name` or to the first empty
-// one. `value` is where the names are read.
-SnmpPlace find_snmp_row(const SnmpTable &table, ReadTarget value, const char *name, int first = 1);
+// Walks the names of the rows from `first` on, as find_in_list does.
+ListPlace find_snmp_row(const SnmpTable &table, ReadTarget value, const char *name, int first = 1);
 
 // Tells that the name, stored as `stored`, is taken.
 void report_existing_snmp_row(const SnmpTable &table, const char *stored, const char *name);

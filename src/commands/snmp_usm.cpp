@@ -93,8 +93,8 @@ int check_keys(const NewUser &user) {
 // something else wrote asks for anything. Meant so.
 int check_group(const NewUser &user) {
     CutSnmpText value;
-    const SnmpPlace group = find_snmp_row(SNMP_GROUPS, value, user.group);
-    if (group.end != SnmpScan::Found || read_snmp_cell(value, "seculevel", group.row) != 0)
+    const ListPlace group = find_snmp_row(SNMP_GROUPS, value, user.group);
+    if (group.end != ListEnd::Match || read_snmp_cell(value, "seculevel", group.index) != 0)
         return CLI_REFUSED;
     if (value.number() == LEVEL_AUTH && user.auth == AUTH_NONE)
         return refuse("\nAdd rejected, group is auth required and no priv needed!\n");
@@ -154,10 +154,10 @@ bool has_views(const CliContext &cli) {
     int word = FIRST_VIEW_WORD;
     for (const char *view : GROUP_VIEWS) {
         CutSnmpText value;
-        const SnmpPlace place = find_snmp_row(SNMP_VIEWS, value, arg_peek(cli, word++));
-        if (place.end == SnmpScan::Found)
+        const ListPlace place = find_snmp_row(SNMP_VIEWS, value, arg_peek(cli, word++));
+        if (place.end == ListEnd::Match)
             continue;
-        if (place.end != SnmpScan::Unreadable)
+        if (place.end != ListEnd::Unreadable)
             cli_printf("\n%s doesn't exist!!\n", view);
         return false;
     }
@@ -167,14 +167,14 @@ bool has_views(const CliContext &cli) {
 // The first empty row of the view table, 0 for none. A name that is there already is only told.
 int new_view_row(const char *name) {
     CutSnmpText value;
-    SnmpPlace place = find_snmp_row(SNMP_VIEWS, value, name);
-    while (place.end == SnmpScan::Found) {
+    ListPlace place = find_snmp_row(SNMP_VIEWS, value, name);
+    while (place.end == ListEnd::Match) {
         report_existing_snmp_row(SNMP_VIEWS, value.text(), name);
-        place = find_snmp_row(SNMP_VIEWS, value, name, place.row + 1);
+        place = find_snmp_row(SNMP_VIEWS, value, name, place.index + 1);
     }
-    if (place.end == SnmpScan::Full)
+    if (place.end == ListEnd::Full)
         cli_printf("%s\n", SNMP_VIEWS.full);
-    return place.end == SnmpScan::Empty ? place.row : 0;
+    return place.end == ListEnd::Empty ? place.index : 0;
 }
 
 bool print_user(const SnmpRow &row) {
