@@ -4,8 +4,10 @@
 #include "shell/args.h"
 #include "shell/output.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cstring>
+#include <iterator>
 #include <string_view>
 
 namespace {

@@ -73,17 +73,12 @@ inline constexpr auto array_get_rows = command_rows({
     {"arraytable", "Display AP Array table info.", show_array_password, nullptr, HIDDEN_TAG},
 });
 
-inline constexpr auto array_sync_get_rows =
-    array_sync_rows(SYNC_GET_NAMES, SYNC_GET_HELP, get_array_sync);
-
 // The band's flag is only shown: no item stands behind it.
-inline constexpr CliCommand ARRAY_SYNC_BAND_ROW = {
-    "array-sync-band", "Display AP Array sync band state",
-    show_switch<"/aparray/sync/band", "AP Array sync band status is %s\n", CANT_ALLOC_MEMORY>};
+inline constexpr auto array_sync_band_get_rows = command_rows({
+    {"array-sync-band", "Display AP Array sync band state",
+     show_switch<"/aparray/sync/band", "AP Array sync band status is %s\n", CANT_ALLOC_MEMORY>},
+});
 
-inline constexpr auto aparray_get_rows = [] {
-    std::array<CliCommand, array_get_rows.size() + array_sync_get_rows.size() + 1> rows{};
-    std::ranges::copy(array_sync_get_rows, std::ranges::copy(array_get_rows, rows.begin()).out);
-    rows.back() = ARRAY_SYNC_BAND_ROW;
-    return rows;
-}();
+inline constexpr auto aparray_get_rows =
+    concat_rows(array_get_rows, array_sync_rows(SYNC_GET_NAMES, SYNC_GET_HELP, get_array_sync),
+                array_sync_band_get_rows);
