@@ -17,8 +17,8 @@ constexpr char NOTICE_OF_CIPHER[] =
     "NOTICE: This Cipher Type is not supported by the current mode/authentication type.\n";
 
 struct Combination {
-    int mode = 0;
     int authentication = 0;
+    int mode = 0;
     int cipher = 0;
     const char *notice = ""; // of its refusal
 };
@@ -40,18 +40,15 @@ int current_cipher(ValueBuffer &value) {
     return read_number(value, "/wlan/inf:1/wpa/wepmode");
 }
 
-// The combination that the change leads to.
+// The combination that the change leads to. The fields stand in the order in which they are read.
 Combination combine(ValueBuffer &value, SecurityChange change, int new_value) {
     switch (change) {
     case SecurityChange::Mode:
-        return {new_value, current_authentication(value), current_cipher(value), NOTICE_OF_MODE};
+        return {current_authentication(value), new_value, current_cipher(value), NOTICE_OF_MODE};
     case SecurityChange::Authentication:
-        return {current_mode(value), new_value, current_cipher(value), NOTICE_OF_AUTHENTICATION};
+        return {new_value, current_mode(value), current_cipher(value), NOTICE_OF_AUTHENTICATION};
     case SecurityChange::Cipher:
-        return {.mode = current_mode(value),
-                .authentication = current_authentication(value),
-                .cipher = new_value,
-                .notice = NOTICE_OF_CIPHER};
+        return {current_authentication(value), current_mode(value), new_value, NOTICE_OF_CIPHER};
     }
     return {};
 }
