@@ -17,18 +17,27 @@ bool is_key_index(std::int64_t index) {
     return index >= 1 && index <= WEP_KEY_COUNT;
 }
 
-// Takes the index of a key, the first of `words` words left. Returns 1..4; or NO_KEY after
-// `unreadable` or, for a number that is no key's, its message, and then the error line.
-int take_key(CliContext &cli, int words, const char *error_line, const char *unreadable = "") {
+// What a command says to words that are no key's index.
+struct KeyRefusal {
+    const char *error_line;        // behind each of the others
+    const char *wrong_count = "";  // to a wrong number of words
+    const char *not_a_number = ""; // behind what arg_uint said
+};
+
+// Takes the index of a key, the first of `words` words left. Returns 1..4; or NO_KEY after the
+// refusal, or after WEP_KEY_OUT_OF_RANGE and the error line for a number that is no key's.
+int take_key(CliContext &cli, int words, const KeyRefusal &refusal) {
     std::uint32_t index = 0;
     const char *reason = "";
-    if (arg_count(cli) != words || arg_uint(cli, index, 10) != 0)
-        reason = unreadable;
+    if (arg_count(cli) != words)
+        reason = refusal.wrong_count;
+    else if (arg_uint(cli, index, 10) != 0)
+        reason = refusal.not_a_number;
     else if (!is_key_index(index))
         reason = WEP_KEY_OUT_OF_RANGE;
     else
         return static_cast<int>(index);
-    cli_printf("%s%s", reason, error_line);
+    cli_printf("%s%s", reason, refusal.error_line);
     return NO_KEY;
 }
 
@@ -94,7 +103,7 @@ const char *key_format_name(int format) {
 }
 
 int set_key(CliContext &cli, const char *, CliCommand *) {
-    const int index = take_key(cli, 2, "ERROR: Unable to set wep key value.\n");
+    const int index = take_key(cli, 2, {"ERROR: Unable to set wep key value.\n"});
     if (index == NO_KEY)
         return CLI_REFUSED;
     ValueBuffer value;
@@ -117,7 +126,9 @@ int set_key(CliContext &cli, const char *, CliCommand *) {
 }
 
 int delete_key(CliContext &cli, const char *, CliCommand *) {
-    const int index = take_key(cli, 1, "ERROR: Unable to delete wep key value.\n");
+    const int index = take_key(cli, 1,
+                               {.error_line = "ERROR: Unable to delete wep key value.\n",
+                                .not_a_number = WEP_KEY_OUT_OF_RANGE});
     if (index == NO_KEY)
         return CLI_REFUSED;
     cfg_set("", "/wlan/inf:1/wepkey:%d", index);
@@ -153,8 +164,10 @@ int change_key_attribute(CliContext &cli, const KeyAttribute &attribute, const c
 }
 
 int set_default_key(CliContext &cli, const char *, CliCommand *) {
-    const int index =
-        take_key(cli, 1, "ERROR: Unable to set default key index.\n", WEP_KEY_OUT_OF_RANGE);
+    const int index = take_key(cli, 1,
+                               {.error_line = "ERROR: Unable to set default key index.\n",
+                                .wrong_count = WEP_KEY_OUT_OF_RANGE,
+                                .not_a_number = WEP_KEY_OUT_OF_RANGE});
     if (index == NO_KEY)
         return CLI_REFUSED;
     ValueBuffer value;
