@@ -67,6 +67,19 @@ TEST(Clock, TakesTheLargestNumbers) {
     }
 }
 
+TEST(Clock, IsShown) {
+    const LocalTime zone("XXX-2");
+    bool is_shown = false;
+    std::time_t seconds = std::time(nullptr);
+    const std::string shown = call_handler(get_time, "").out;
+    for (; seconds <= std::time(nullptr); ++seconds) {
+        char text[64];
+        std::strftime(text, sizeof text, "%a %-H:%-M:%-S %-m/%-d/%Y\n", std::localtime(&seconds));
+        is_shown = is_shown || shown == text;
+    }
+    EXPECT_TRUE(is_shown) << shown;
+}
+
 TEST(Clock, IsSetWhenTheDateCanBeConverted) {
     const LocalTime zone("UTC0");
     RecordingShell shell;
@@ -103,7 +116,7 @@ TEST(Administration, GoesOnAfterFailedWrites) {
         {set_syslog, "remoteip 10.0.0.1", "\nUnable to set Log Server IP!\n", APPLY_WLAN, {}},
         {set_time_zone, "5", "\nUnable to set time zone!\n", 0, {}},
         {set_daylight_saving, "1", "\nUnable to Daylight Saving Time!\n", APPLY_WAN, {}},
-        // Nothing is said of these.
+        // Nothing is said of a failure from here on.
         {set_time_server, "enable", "Set SNTP Server to Enable!\n", APPLY_WAN, {}},
         {set_time_server,
          "10.0.0.1",
@@ -112,7 +125,8 @@ TEST(Administration, GoesOnAfterFailedWrites) {
          {"/etc/scripts/misc/profile.sh put", "sh /etc/templates/timezones.sh",
           "sh /etc/templates/ntp.sh start"}},
         {set_location, "hall", "", APPLY_WAN, {}},
-        {set_assoc_limit_number, "64", "", APPLY_WLAN, {}},
+        {set_assoc_limit_number, "0", "", APPLY_WLAN, {}},
+        {set_testlog, "count 0", "\nUnable to set syslog count!\n", APPLY_WAN, {}},
         {set_web, "enable", "\nUnable to set enable!\n", 0, {}},
         {set_web, "disable", "\nUnable to set disable!\n", 0, {"/etc/templates/webs.sh stop"}},
     };
@@ -128,6 +142,36 @@ TEST(Administration, GoesOnAfterFailedWrites) {
         EXPECT_EQ(pending_apply, test.apply_bits) << test.line;
         EXPECT_EQ(shell.take_lines(), test.commands) << test.line;
     }
+    pending_apply = 0;
+}
+
+TEST(Administration, ShowsTheLogsSettingsAsTheyWereSet) {
+    FakeDaemon daemon;
+    RecordingShell shell;
+    for (const char *line :
+         {"smtpindex 3", "remoteip 10.0.0.1", "system 1", "wireless 0", "notice 1", "smtp 0",
+          "remote 1", "smtpsvrip 10.0.0.2", "smtptime 3", "fromemail from", "toemail to",
+          "username user", "password secret", "mailport 26", "ssl 0", "login 1"})
+        EXPECT_EQ(call_handler(set_syslog, line).result, CLI_DONE) << line;
+    shell.take_lines();
+    EXPECT_EQ(call_handler(get_syslog, "").out, "Remote SysLog \tStatus: Enable\n"
+                                                "Remote SysLog Svr Addr: 10.0.0.1\n"
+                                                "SysLog\tSMTP\tStatus: Disable\n"
+                                                "SMTP server type: Hotmail\n"
+                                                "SysLog  SMTP  mail Svr: 10.0.0.2\n"
+                                                "SysLog  SMTP  email time: 90\n"
+                                                "SysLog SMTP fromemail addr: from\n"
+                                                "SysLog SMTP toemail addr: to\n"
+                                                "SysLog SMTP email password: secret\n"
+                                                "SysLog SMTP email username: user\n"
+                                                "SysLog SMTP email Port: 26\n"
+                                                "SMTP login state: on\n"
+                                                "SMTP SSL state: off\n"
+                                                "SysLog System   Status: Enable\n"
+                                                "SysLog Wireless Status: Disable\n"
+                                                "SysLog Notice   Status: Enable\n"
+                                                "Local System Log:\n");
+    EXPECT_EQ(shell.take_lines(), Lines{"cat /var/log/messages"});
     pending_apply = 0;
 }
 
@@ -153,11 +197,15 @@ TEST(Administration, CutsWhatToolsSay) {
     EXPECT_EQ(call_handler(show_memory, "").out, answer.substr(0, 255) + "\n");
     EXPECT_EQ(call_handler(set_hardware_revision, "C3").out, answer.substr(0, 255) + "\n");
     EXPECT_EQ(call_handler(mfc_led, "power").out, answer.substr(0, 1023) + "\n");
+    shell.take_lines();
     shell.print("two\nlines\n\n");
+    call_handler(mfc_test_5g, "test 36");
+    call_handler(mfc_reset, "all");
+    call_handler(mfc_button, "reset");
     EXPECT_EQ(call_handler(set_mac_address, "any").out, "two\nlines\ntwo\nlines\n\n");
     shell.refuse_pipes();
     EXPECT_EQ(call_handler(mfc_led, "power").out, "\n");
-    EXPECT_EQ(shell.take_lines(), (Lines{"free", "mfc sethwrev C3", "mfc led power",
+    EXPECT_EQ(shell.take_lines(), (Lines{"mfc wlan_5 test 36", "mfc freset all", "mfc button reset",
                                          "mfc setwanmac any", "mfc setlanmac any"}));
 }
 
