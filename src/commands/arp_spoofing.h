@@ -13,17 +13,10 @@ int delete_arp_rule(CliContext &cli, const char *word, CliCommand *subtable);
 int delete_arp_rules(CliContext &cli, const char *word, CliCommand *subtable);
 int get_arp_rules(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constinit auto arp_status_rows = command_table({
-    {"enable", "Set ARP Spoofing Status Enabled",
-     write_fixed<"/arpspoofing/enable", "1", APPLY_ARPSPOOF,
-                 "ARP Spoofing Prevention Status: Enable\n">},
-    {"disable", "Set ARP Spoofing Status Disabled",
-     write_fixed<"/arpspoofing/enable", "0", APPLY_ARPSPOOF,
-                 "ARP Spoofing Prevention Status: Disable\n">},
-});
-
 inline constinit auto arp_spoofing_rows = command_table({
-    {"status", "Set ARP Spoofing Status", dispatch_subtable, arp_status_rows.data()},
+    {"status", "Set ARP Spoofing Status", dispatch_subtable,
+     reporting_switch_rows<"/arpspoofing/enable", APPLY_ARPSPOOF, "ARP Spoofing Status",
+                           "ARP Spoofing Prevention Status">.data()},
     {"add", "Add Gateway address", add_arp_rule},
     {"delete", "Delete Gateway address", delete_arp_rule},
     {"delall", "Delete all the Gateway address", delete_arp_rules},

@@ -60,20 +60,6 @@ int add_static_hostname(CliContext &cli, const char *word, CliCommand *subtable)
 int add_static_ip(CliContext &cli, const char *word, CliCommand *subtable);
 int add_static_mac(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constinit auto dhcp_server_rows = command_table({
-    {"enable", "enable dhcp server", write_fixed<"/lan/dhcp/server/enable", "1", APPLY_DHCPD>},
-    {"disable", "disable dhcp server", write_fixed<"/lan/dhcp/server/enable", "0", APPLY_DHCPD>},
-});
-
-// Not the node that `get dhcp_staticip_mode` shows, which is the running server's. Meant so, as is
-// the path without its leading slash.
-inline constinit auto dhcp_static_mode_rows = command_table({
-    {"enable", "enable dhcp server",
-     write_fixed<"lan/dhcp/server/pool:1/staticDhcp/enable", "1", APPLY_DHCPD>},
-    {"disable", "disable dhcp server",
-     write_fixed<"lan/dhcp/server/pool:1/staticDhcp/enable", "0", APPLY_DHCPD>},
-});
-
 inline constinit auto static_lease_enable_rows =
     command_table_of(STATIC_LEASES.leases, [](const StaticLease &lease) {
         return CliCommand{lease.word, lease.enable_help, enable_static_lease};
@@ -85,9 +71,12 @@ inline constinit auto static_lease_disable_rows =
     });
 
 inline constexpr auto dhcp_set_rows = command_rows({
-    {"dhcp_server", "Set dhcp server states ", dispatch_subtable, dhcp_server_rows.data()},
+    {"dhcp_server", "Set dhcp server states ", dispatch_subtable,
+     switch_rows<"/lan/dhcp/server/enable", APPLY_DHCPD, "dhcp server">.data()},
+    // Not the node that `get dhcp_staticip_mode` shows, which is the running server's. Meant so,
+    // as is the path without its leading slash.
     {"dhcp_server_static_ip_mode", "Set dhcp server static ip mode states ", dispatch_subtable,
-     dhcp_static_mode_rows.data()},
+     switch_rows<"lan/dhcp/server/pool:1/staticDhcp/enable", APPLY_DHCPD, "dhcp server">.data()},
     // This address and the netmask restart the LAN side, the others the server alone. Meant so.
     {"dhcp_startip", "Set dhcp server start ip  ",
      set_host_address<"/lan/dhcp/server/pool:1/startip", APPLY_LAN, "No IP Address!\n">},

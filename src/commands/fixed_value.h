@@ -36,6 +36,17 @@ struct FixedText {
     }
 };
 
+template <std::size_t N, std::size_t M>
+consteval FixedText<N + M - 1> operator+(const FixedText<N> &first, const FixedText<M> &second) {
+    char joined[N + M - 1] = {};
+    std::copy_n(second.text, M, std::copy_n(first.text, N - 1, joined));
+    return joined;
+}
+
+// The text's place in memory, for the help of a row.
+template <FixedText Text>
+inline constexpr const char *static_text = Text.text;
+
 // Writes `value` to the node of `path`, sets the apply bits, prints `message`. Returns 0, also
 // when the write failed.
 int write_fixed_value(const CliContext &cli, const char *path, const char *value,
@@ -124,3 +135,21 @@ int run_fixed(CliContext &cli, const char *, CliCommand *) {
     static_assert(Command.converts_only('d'));
     return run_fixed_command(cli, Command.text);
 }
+
+// The tables of plain switches: "1" for enable, "0" for disable.
+
+// A switch without a word, whose help says "enable THING".
+template <FixedText Path, std::uint32_t ApplyBits, FixedText Thing>
+inline constinit auto switch_rows = command_table({
+    {"enable", static_text<FixedText("enable ") + Thing>, write_fixed<Path, "1", ApplyBits>},
+    {"disable", static_text<FixedText("disable ") + Thing>, write_fixed<Path, "0", ApplyBits>},
+});
+
+// A switch that says "STATUS: Enable", and whose help says "Set THING Enabled".
+template <FixedText Path, std::uint32_t ApplyBits, FixedText Thing, FixedText Status>
+inline constinit auto reporting_switch_rows = command_table({
+    {"enable", static_text<FixedText("Set ") + Thing + FixedText(" Enabled")>,
+     write_fixed<Path, "1", ApplyBits, Status + FixedText(": Enable\n")>},
+    {"disable", static_text<FixedText("Set ") + Thing + FixedText(" Disabled")>,
+     write_fixed<Path, "0", ApplyBits, Status + FixedText(": Disable\n")>},
+});

@@ -16,42 +16,19 @@ int suspend_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
 int delete_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
 int list_qos_rules(CliContext &cli, const char *word, CliCommand *subtable);
 
-inline constinit auto qos_status_rows = command_table({
-    {"enable", "Set Qos Status Enabled",
-     write_fixed<"/qos/enable", "1", APPLY_QOS, "Qos Status: Enable\n">},
-    {"disable", "Set Qos Status Disabled",
-     write_fixed<"/qos/enable", "0", APPLY_QOS, "Qos Status: Disable\n">},
-});
-
 // The displays call the classifiers by other names. Meant so.
-inline constinit auto qos_http_rows = command_table({
-    {"enable", "Set HTTP Classifier Enabled",
-     write_fixed<"/qos/classifiers/http", "1", APPLY_QOS, "Qos HTTP Classifier: Enable\n">},
-    {"disable", "Set HTTP Classifier Disabled",
-     write_fixed<"/qos/classifiers/http", "0", APPLY_QOS, "Qos HTTP Classifier: Disable\n">},
-});
-
-inline constinit auto qos_auto_rows = command_table({
-    {"enable", "Set Auto Classifier Enabled",
-     write_fixed<"/qos/classifiers/auto", "1", APPLY_QOS, "Qos Auto Classifier: Enable\n">},
-    {"disable", "Set Auto Classifier Disabled",
-     write_fixed<"/qos/classifiers/auto", "0", APPLY_QOS, "Qos Auto Classifier: Disable\n">},
-});
-
 inline constinit auto qos_classifier_rows = command_table({
-    {"http", "Set HTTP Classifier Status", dispatch_subtable, qos_http_rows.data()},
-    {"auto", "Set Auto Classifier Status", dispatch_subtable, qos_auto_rows.data()},
-});
-
-inline constinit auto qos_rules_status_rows = command_table({
-    {"enable", "Set QoS Rules Enabled",
-     write_fixed<"/qos/rule/enable", "1", APPLY_QOS, "QoS Rules Status: Enable\n">},
-    {"disable", "Set QoS Rules Disabled",
-     write_fixed<"/qos/rule/enable", "0", APPLY_QOS, "QoS Rules Status: Disable\n">},
+    {"http", "Set HTTP Classifier Status", dispatch_subtable,
+     reporting_switch_rows<"/qos/classifiers/http", APPLY_QOS, "HTTP Classifier",
+                           "Qos HTTP Classifier">.data()},
+    {"auto", "Set Auto Classifier Status", dispatch_subtable,
+     reporting_switch_rows<"/qos/classifiers/auto", APPLY_QOS, "Auto Classifier",
+                           "Qos Auto Classifier">.data()},
 });
 
 inline constinit auto qos_all_rules_rows = command_table({
-    {"status", "Set QoS Rules Status", dispatch_subtable, qos_rules_status_rows.data()},
+    {"status", "Set QoS Rules Status", dispatch_subtable,
+     reporting_switch_rows<"/qos/rule/enable", APPLY_QOS, "QoS Rules", "QoS Rules Status">.data()},
 });
 
 inline constinit auto qos_rule_rows = command_table({
@@ -62,18 +39,11 @@ inline constinit auto qos_rule_rows = command_table({
 });
 
 inline constinit auto qos_rows = command_table({
-    {"status", "Set QoS Status", dispatch_subtable, qos_status_rows.data()},
+    {"status", "Set QoS Status", dispatch_subtable,
+     reporting_switch_rows<"/qos/enable", APPLY_QOS, "Qos Status", "Qos Status">.data()},
     {"classifier", "Set Qos Classifier Status", dispatch_subtable, qos_classifier_rows.data()},
     {"allrules", "Enable/Disable Qos Rules", dispatch_subtable, qos_all_rules_rows.data()},
     {"rule", "Add/Delete/Apply/Suspend Qos Rules", dispatch_subtable, qos_rule_rows.data()},
-});
-
-// Restarts the WAN side, not the QoS service. Meant so.
-inline constinit auto traffic_manager_rows = command_table({
-    {"enable", "Set Traffic Manager Status Enabled",
-     write_fixed<"/trafficmgr/enable", "1", APPLY_WAN, "Traffic Manager Status: Enable\n">},
-    {"disable", "Set Traffic Manager Status Disabled",
-     write_fixed<"/trafficmgr/enable", "0", APPLY_WAN, "Traffic Manager Status: Disable\n">},
 });
 
 inline constinit auto qos_classifier_shows = command_table({
@@ -106,7 +76,10 @@ inline constinit auto traffic_manager_shows = command_table({
 
 inline constexpr auto qos_set_rows = command_rows({
     {"qos", "Set QoS", dispatch_subtable, qos_rows.data()},
-    {"trafficmgr", "Set Traffic Manager", dispatch_subtable, traffic_manager_rows.data()},
+    // Restarts the WAN side, not the QoS service. Meant so.
+    {"trafficmgr", "Set Traffic Manager", dispatch_subtable,
+     reporting_switch_rows<"/trafficmgr/enable", APPLY_WAN, "Traffic Manager Status",
+                           "Traffic Manager Status">.data()},
 });
 
 inline constexpr auto qos_get_rows = command_rows({
