@@ -165,13 +165,6 @@ inline constinit auto multi_state_rows = command_table({
     {"disable", "disable multi-SSID", write_fixed<"/wlan/inf:%d/multi/state", "0", APPLY_WLAN>},
 });
 
-inline constinit auto multi_pri_state_rows = command_table({
-    {"enable", "enable priority by SSID",
-     write_fixed<"/wlan/inf:%d/multi/pri_by_ssid", "1", APPLY_WLAN>},
-    {"disable", "disable priority by SSID",
-     write_fixed<"/wlan/inf:%d/multi/pri_by_ssid", "0", APPLY_WLAN>},
-});
-
 inline constinit auto multi_ind_state_rows = command_table({
     {"enable", "enable individual multi-SSID [index]", switch_slot<SLOT_STATE, "1">},
     {"disable", "disable individual multi-SSID [index]", switch_slot<SLOT_STATE, "0">},
@@ -207,7 +200,8 @@ inline constinit auto multi_cipher_rows =
 
 inline constexpr auto multissid_set_rows = command_rows({
     {"multi-state", "Set Multi-SSID state", dispatch_subtable, multi_state_rows.data()},
-    {"multi-pri-state", "Set priority by SSID", dispatch_subtable, multi_pri_state_rows.data()},
+    {"multi-pri-state", "Set priority by SSID", dispatch_subtable,
+     switch_rows<"/wlan/inf:%d/multi/pri_by_ssid", APPLY_WLAN, "priority by SSID">.data()},
     {"multi-ind-state", "Set state of individual Multi-SSID", dispatch_subtable,
      multi_ind_state_rows.data()},
     {"multi-ssidhidden", "Set SSID hidden of Multi-SSID", dispatch_subtable,

@@ -47,45 +47,10 @@ inline constexpr WirelessMode WIRELESS_MODES[] = {
     {"only-n5G", "wlmode 80211n with 5G", 9, "80211n (5GHz)"},
 };
 
-inline constinit auto auto_channel_rows = command_table({
-    {"enable", "enable autochannel", write_fixed<"/wlan/inf:%d/autochannel", "1", APPLY_WLAN>},
-    {"disable", "disable autochannel", write_fixed<"/wlan/inf:%d/autochannel", "0", APPLY_WLAN>},
-});
-
-inline constinit auto ssid_hidden_rows = command_table({
-    {"enable", "enable ssidhidden", write_fixed<"/wlan/inf:%d/ssidhidden", "1", APPLY_WLAN>},
-    {"disable", "disable ssidhidden", write_fixed<"/wlan/inf:%d/ssidhidden", "0", APPLY_WLAN>},
-});
-
-inline constinit auto wmm_rows = command_table({
-    {"enable", "enable wmm", write_fixed<"/wlan/inf:%d/wmm/enable", "1", APPLY_WLAN>},
-    {"disable", "disable wmm", write_fixed<"/wlan/inf:%d/wmm/enable", "0", APPLY_WLAN>},
-});
-
 // Stored the other way round: 0 keeps the clients apart. Meant so.
 inline constinit auto w_partition_rows = command_table({
     {"enable", "enable w_partition", write_fixed<"/wlan/inf:%d/w_partition", "0", APPLY_WLAN>},
     {"disable", "disable w_partition", write_fixed<"/wlan/inf:%d/w_partition", "1", APPLY_WLAN>},
-});
-
-inline constinit auto e_partition_rows = command_table({
-    {"enable", "enable e_partition", write_fixed<"/wlan/inf:%d/e_partition", "1", APPLY_WLAN>},
-    {"disable", "disable e_partition", write_fixed<"/wlan/inf:%d/e_partition", "0", APPLY_WLAN>},
-});
-
-inline constinit auto ethlink_rows = command_table({
-    {"enable", "enable ethlink", write_fixed<"/wlan/inf:%d/ethlink", "1", APPLY_WLAN>},
-    {"disable", "disable ethlink", write_fixed<"/wlan/inf:%d/ethlink", "0", APPLY_WLAN>},
-});
-
-inline constinit auto shortgi_rows = command_table({
-    {"enable", "enable shortgi", write_fixed<"/wlan/inf:%d/shortgi", "1", APPLY_WLAN>},
-    {"disable", "disable shortgi", write_fixed<"/wlan/inf:%d/shortgi", "0", APPLY_WLAN>},
-});
-
-inline constinit auto wireless_rows = command_table({
-    {"enable", "enable wireless", write_fixed<"/wlan/inf:%d/enable", "1", APPLY_WLAN>},
-    {"disable", "disable wireless", write_fixed<"/wlan/inf:%d/enable", "0", APPLY_WLAN>},
 });
 
 inline constinit auto cwm_rows = command_table({
@@ -112,15 +77,21 @@ inline constinit auto wireless_mode_rows =
 
 inline constexpr auto radio_set_rows = command_rows({
     {"ssid", "Set SSID", set_ssid},
-    {"autoChannel", "Set auto channel selection", dispatch_subtable, auto_channel_rows.data()},
-    {"ssidhidden", "Set SSID hidden", dispatch_subtable, ssid_hidden_rows.data()},
-    {"wmm", "Set WMM", dispatch_subtable, wmm_rows.data()},
+    {"autoChannel", "Set auto channel selection", dispatch_subtable,
+     switch_rows<"/wlan/inf:%d/autochannel", APPLY_WLAN, "autochannel">.data()},
+    {"ssidhidden", "Set SSID hidden", dispatch_subtable,
+     switch_rows<"/wlan/inf:%d/ssidhidden", APPLY_WLAN, "ssidhidden">.data()},
+    {"wmm", "Set WMM", dispatch_subtable,
+     switch_rows<"/wlan/inf:%d/wmm/enable", APPLY_WLAN, "wmm">.data()},
     {"w_partition", "Set wireless partition", dispatch_subtable, w_partition_rows.data()},
     {"e_partition", "Set ethernet to wireless partition", dispatch_subtable,
-     e_partition_rows.data()},
-    {"ethlink", "Set ethernet integration", dispatch_subtable, ethlink_rows.data()},
-    {"shortgi", "Set short guard interval", dispatch_subtable, shortgi_rows.data()},
-    {"wireless", "Set wireless", dispatch_subtable, wireless_rows.data()},
+     switch_rows<"/wlan/inf:%d/e_partition", APPLY_WLAN, "e_partition">.data()},
+    {"ethlink", "Set ethernet integration", dispatch_subtable,
+     switch_rows<"/wlan/inf:%d/ethlink", APPLY_WLAN, "ethlink">.data()},
+    {"shortgi", "Set short guard interval", dispatch_subtable,
+     switch_rows<"/wlan/inf:%d/shortgi", APPLY_WLAN, "shortgi">.data()},
+    {"wireless", "Set wireless", dispatch_subtable,
+     switch_rows<"/wlan/inf:%d/enable", APPLY_WLAN, "wireless">.data()},
     {"cwm", "Set channel width", dispatch_subtable, cwm_rows.data()},
     {"txpower", "Set transmit power", dispatch_subtable, tx_power_rows.data()},
     {"wlmode", "Set wireless mode", dispatch_subtable, wireless_mode_rows.data()},

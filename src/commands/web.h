@@ -26,15 +26,11 @@ inline constinit auto assoc_limit_rows = command_table({
     {"number", "assoclimit number (range:0--64)", set_assoc_limit_number},
 });
 
-inline constinit auto igmp_snoop_rows = command_table({
-    {"enable", "enable igmpsnoop", write_fixed<"/wlan/inf:%d/igmpsnoop", "1", APPLY_WLAN>},
-    {"disable", "disable igmpsnoop", write_fixed<"/wlan/inf:%d/igmpsnoop", "0", APPLY_WLAN>},
-});
-
 inline constexpr auto web_set_rows = command_rows({
     {"web", "Set web server (enable/disable)", set_web},
     {"assoclimit", "Set association limit", dispatch_subtable, assoc_limit_rows.data()},
-    {"igmpsnoop", "Set IGMP snooping", dispatch_subtable, igmp_snoop_rows.data()},
+    {"igmpsnoop", "Set IGMP snooping", dispatch_subtable,
+     switch_rows<"/wlan/inf:%d/igmpsnoop", APPLY_WLAN, "igmpsnoop">.data()},
 });
 
 inline constexpr auto web_get_rows = command_rows({
