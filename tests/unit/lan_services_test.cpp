@@ -10,6 +10,7 @@
 #include "commands/qos.h"
 #include "tables/root.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace {
@@ -132,6 +133,40 @@ TEST_F(LanServices, SetTheSecondRadioAndMarkWhatMustRestart) {
         EXPECT_EQ(daemon_.take_writes(), setter.writes);
         EXPECT_EQ(pending_apply, setter.bits);
     }
+}
+
+TEST_F(LanServices, WirelessModesLimitTheMulticastRate) {
+    const struct {
+        const char *mode;
+        const char *band;
+        int last_index;
+    } LIMITS[] = {{"2", "2.4G_Band", 12}, {"3", "2.4G_Band", 12}, {"4", "2.4G_Band", 12},
+                  {"5", "2.4G_Band", 24}, {"9", "2.4G_Band", 24}, {"7", "5G_Band", 8},
+                  {"9", "5G_Band", 12},   {"8", "5G_Band", 20},   {"4", "5G_Band", 20}};
+    for (const auto &limit : LIMITS) {
+        SCOPED_TRACE(std::string(limit.mode) + ' ' + limit.band);
+        daemon_.put("/wlan/inf:1/wlmode", limit.mode);
+        const std::string line = std::string("set mcastrate ") + limit.band + ' ';
+        EXPECT_EQ(dispatch_line(root_table(), line + std::to_string(limit.last_index)).out, "");
+        EXPECT_EQ(daemon_.take_writes().size(), 1U);
+        EXPECT_NE(dispatch_line(root_table(), line + std::to_string(limit.last_index + 1)).out, "");
+        EXPECT_EQ(daemon_.take_writes(), Writes{});
+    }
+}
+
+TEST_F(LanServices, ListsOfTheRadioEndWhereTheyAreFull) {
+    const RecordingShell shell;
+    for (int index = 1; index <= 513; ++index)
+        daemon_.put("/wlan/inf:1/acl/mac:" + std::to_string(index), "entry");
+    for (int index = 1; index <= 65; ++index)
+        daemon_.put("/runtime/wlan/inf:1/rogue_ap/client:" + std::to_string(index) + "/mac", "ap");
+    const auto lines = [](const char *command) {
+        const std::string out = dispatch_line(root_table(), command).out;
+        return std::count(out.begin(), out.end(), '\n');
+    };
+    EXPECT_EQ(lines("get acl-table"), 512);
+    EXPECT_EQ(lines("get macaddrlist"), 513);
+    EXPECT_EQ(lines("get intrusion"), 2 + 64);
 }
 
 // What they print is to be seen in the console sessions.
