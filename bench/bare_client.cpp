@@ -2,7 +2,7 @@
 // measured against.
 //
 // usage: bare_client SOCKET get|set COUNT
-#include "config/array_sync.h"
+#include "config/sync_items.h"
 #include "config/xmldb_client.h"
 
 #include <cstdio>
@@ -20,7 +20,7 @@ bool get(const char *path) {
 
 // A set looks at every synchronisation flag first.
 bool set(const char *path, const char *value) {
-    for (const SyncItem &item : sync_items()) {
+    for (const SyncItem &item : SYNC_ITEMS) {
         if (!get(item.node))
             return false;
     }

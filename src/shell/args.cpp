@@ -19,10 +19,12 @@ constexpr unsigned long COMPONENT_LIMIT = 256;
 
 // The ring slot of the n-th unread word, oldest first; -1 when there are fewer.
 int find_word(const CliContext &cli, int n) {
+    int slot = cli.ring_head;
     for (int step = 0; step < CliContext::RING_SLOTS; ++step) {
-        const int slot = (cli.ring_head + step) % CliContext::RING_SLOTS;
         if (cli.argument_ring[static_cast<std::size_t>(slot)] != nullptr && n-- == 0)
             return slot;
+        if (++slot == CliContext::RING_SLOTS)
+            slot = 0;
     }
     return -1;
 }

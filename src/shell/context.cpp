@@ -1,5 +1,8 @@
 #include "shell/context.h"
 
+#include <cstddef>
+#include <cstring>
+
 std::int32_t debug_locked = -1;
 CliCommand *current_command = nullptr;
 
@@ -28,6 +31,7 @@ int split_line(CliContext &cli, char *line) {
 
 void reset_context(CliContext &cli) {
     const std::int32_t band = cli.current_band;
-    cli = CliContext{};
+    // Of the word buffer, most of the context, its end is enough.
+    std::memset(&cli, 0, offsetof(CliContext, word_buffer) + 1);
     cli.current_band = band;
 }
