@@ -6,11 +6,14 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// Echoes the name, also one that it then refuses.
+// A name of at most 32 characters, further words ignored. Echoes it, also when it then refuses it.
 int set_array_name(CliContext &cli, const char *word, CliCommand *subtable);
+
+// One word of at most 64 characters; refuses anything else, and says so.
 int set_array_password(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Shows the role that is configured and the one that is run.
+// Shows the role that is configured and the one that is run. Returns 0; or -1 after
+// " can't alloc memory ", as get_array_sync does.
 int get_array_role(CliContext &cli, const char *word, CliCommand *subtable);
 
 // The flag of the item that the row names.

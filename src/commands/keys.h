@@ -88,15 +88,21 @@ int change_key(CliContext &cli, const char *, CliCommand *) {
     return change_key_attribute(cli, Attribute, Value.text);
 }
 
+// The setters refuse other counts of words, a key that is not 1..4 and missing memory, and say so.
+
+// Words KEY TEXT, with as many characters as the key's length and format ask for.
 int set_key(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Word KEY. Clears it, and makes it one of 64 bits in hexadecimal digits.
 int delete_key(CliContext &cli, const char *word, CliCommand *subtable);
 int set_default_key(CliContext &cli, const char *word, CliCommand *subtable);
 
-// These two let the database's tool print.
+// Word KEY; anything else is told. The first two let the database's tool print.
 int get_key(CliContext &cli, const char *word, CliCommand *subtable);
 int get_key_length(CliContext &cli, const char *word, CliCommand *subtable);
-
 int get_key_format(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Returns 0; or -1 after "memory error!".
 int get_all_keys(CliContext &cli, const char *word, CliCommand *subtable);
 
 inline constinit auto key_length_rows = command_table({

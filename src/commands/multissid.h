@@ -146,18 +146,22 @@ inline constexpr SlotDisplay SHOWN_PRIORITY{
     .out_of_range = "Please specify the correct Multi-SSID priority index (1-3).\n",
 };
 
-// Gives up an operating mode in which there is no multi-SSID.
+// Gives up an operating mode in which there is no multi-SSID, and says so. Returns 0; or -1 after
+// "memory error!".
 int enable_multi_ssid(CliContext &cli, const char *word, CliCommand *subtable);
 
+// Word SLOT. Other words are told, and return 0; as is a cipher that does not go with the slot's
+// authentication type. Without memory the cipher's returns -1 after " can't alloc memory ".
 int set_slot_authentication(CliContext &cli, const char *word, CliCommand *subtable);
 int set_slot_cipher(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Switches the slot's cipher and authentication off.
 int set_slot_cipher_none(CliContext &cli, const char *word, CliCommand *subtable);
 
+// Of the primary SSID. Returns 0; or -1 after " can't alloc memory.".
 int get_priority(CliContext &cli, const char *word, CliCommand *subtable);
 
-// The key of the primary SSID that the slot uses.
+// Word SLOT: the key of the primary SSID that the slot uses. Returns as show_slot_value does.
 int get_slot_wep_key(CliContext &cli, const char *word, CliCommand *subtable);
 
 inline constinit auto multi_state_rows = command_table({

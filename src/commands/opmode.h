@@ -3,13 +3,15 @@
 
 #include "commands/security.h"
 
-// Each switches off what the mode does not allow: multi-SSID, or the wireless security.
+// Each switches off what the mode does not allow, multi-SSID or the wireless security, and says so.
+// Words are ignored.
 int set_client_mode(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Both are refused on 5 GHz in Japan.
+// Both are refused, which they say, on 5 GHz in Japan.
 int set_wds_ap_mode(CliContext &cli, const char *word, CliCommand *subtable);
 int set_wds_mode(CliContext &cli, const char *word, CliCommand *subtable);
 
+// Returns 0; or -1 after "memory error!".
 int get_ap_mode(CliContext &cli, const char *word, CliCommand *subtable);
 
 inline constinit auto ap_mode_rows = command_table({

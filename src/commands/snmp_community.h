@@ -3,13 +3,20 @@
 
 #include "shell/command.h"
 
-// The view must exist. Type 0 is accepted too.
+// Each but the listing refuses other counts of words with its usage. A change is saved at once, and
+// the agent marked for a restart. A table that cannot be read ends the command without a word.
+
+// Words NAME VIEW TYPE: names of at most 32 characters, TYPE a number up to 2. The view must exist
+// and the name must not. Refuses anything else and a full table, and says so.
 int add_snmp_community(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Never the public or the private one.
+// Word NAME, never the public or the private one. Refuses what is not in the table, and says so.
 int delete_snmp_community(CliContext &cli, const char *word, CliCommand *subtable);
 
+// Lists the two fixed communities and the table, up to a row of a type other than 1 and 2.
 int show_snmp_communities(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Word NAME of at most 32 characters; they refuse longer ones and a failed write, and say so.
 int edit_public_community(CliContext &cli, const char *word, CliCommand *subtable);
 int edit_private_community(CliContext &cli, const char *word, CliCommand *subtable);
 

@@ -4,19 +4,27 @@
 #include "commands/fixed_value.h"
 #include "config/apply.h"
 
+// The setters take one word and refuse other counts with their usage.
+
+// A word that begins with "enable" or "disable"; refuses others with the usage.
 int set_snmp_trap(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Without a word deletes the trap server, and then complains about the missing word.
+// Any text. Without a word deletes the trap server, and then complains about the missing word.
 int set_snmp_trap_server(CliContext &cli, const char *word, CliCommand *subtable);
 
+// 1 or 2; other numbers change nothing, but count as set.
 int set_snmp_trap_version(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Show nothing for numbers without a meaning, and the first two when there is any word.
 int show_snmp_trap(CliContext &cli, const char *word, CliCommand *subtable);
 int show_snmp_trap_server(CliContext &cli, const char *word, CliCommand *subtable);
 int show_snmp_trap_version(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Writes the node of set_snmp_trap, and saves it at once.
+// "enable" or "disable". Writes the node of set_snmp_trap, and saves it at once. Refuses other
+// words and a failed write, and says so.
 int set_snmp_auth_trap(CliContext &cli, const char *word, CliCommand *subtable);
 
+// "Suspended" for 0, else "Active".
 const char *snmp_agent_state_name(int number);
 
 inline constexpr auto snmp_trap_snmp_rows = command_rows({

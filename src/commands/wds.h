@@ -4,12 +4,17 @@
 #include "commands/fixed_value.h"
 #include "shell/dispatch.h"
 
+// Words MAC INDEX, the index 1..4. Replaces what is there. Refuses other counts of words, what is
+// no MAC address and one that is found, and says so; an index out of range is told, and returns 0.
 int add_wds_peer(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Word INDEX, any number. Refuses other counts of words.
 int delete_wds_peer(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Surveys the operating band.
 int scan_wds(CliContext &cli, const char *word, CliCommand *subtable);
 
+// Return 0; or -1 when memory ran out, and say so.
 int get_wds_peers(CliContext &cli, const char *word, CliCommand *subtable);
 int get_wds_links(CliContext &cli, const char *word, CliCommand *subtable);
 int get_wds_survey(CliContext &cli, const char *word, CliCommand *subtable);
