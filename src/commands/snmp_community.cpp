@@ -28,10 +28,6 @@ constexpr FixedCommunity PRIVATE_COMMUNITY = {
 };
 constexpr int FIXED_COMMUNITIES = 2;
 
-bool exceeds_name_limit(const char *name) {
-    return std::strlen(name) > std::size_t{SNMP_NAME_LIMIT};
-}
-
 int refuse_long_community() {
     return refuse("\nCommunity String exceeds %d characters!!\n", SNMP_NAME_LIMIT);
 }
@@ -70,7 +66,7 @@ int edit_community(const CliContext &cli, const FixedCommunity &community) {
     if (arg_count(cli) != 1)
         return refuse("%s\n", community.usage);
     const char *name = arg_peek(cli, 0);
-    if (exceeds_name_limit(name))
+    if (exceeds(name, SNMP_NAME_LIMIT))
         return refuse_long_community();
     if (*name == '\0')
         return refuse("\nNo Community String !!\n");
@@ -91,9 +87,9 @@ int add_snmp_community(CliContext &cli, const char *, CliCommand *) {
     const char *name = arg_peek(cli, 0);
     const char *view = arg_peek(cli, 1);
     const char *type_word = arg_peek(cli, 2);
-    if (exceeds_name_limit(name))
+    if (exceeds(name, SNMP_NAME_LIMIT))
         return refuse_long_community();
-    if (exceeds_name_limit(view))
+    if (exceeds(view, SNMP_NAME_LIMIT))
         return refuse("\nView Name exceeds %d characters!\n", SNMP_NAME_LIMIT);
     std::int32_t type = 0;
     if (int_parse_blank(type_word, type) == 0)
@@ -112,7 +108,7 @@ int delete_snmp_community(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 1)
         return refuse("\nsnmp delcomm        < CommunityString<string> >\n");
     const char *name = arg_peek(cli, 0);
-    if (exceeds_name_limit(name))
+    if (exceeds(name, SNMP_NAME_LIMIT))
         return refuse_long_community();
     SnmpText value;
     return delete_snmp_row(SNMP_COMMUNITIES, value, name);

@@ -41,7 +41,7 @@ int check_words(NewHost &host) {
         return refuse("\nAuthType is a number!\n");
     if (host.auth > AUTH_PRIV) // no lower bound
         return refuse("\nAuthType is a number between 0-3!!\n");
-    if (std::strlen(host.community) > std::size_t{SNMP_NAME_LIMIT})
+    if (exceeds(host.community, SNMP_NAME_LIMIT))
         return refuse("\nAuthString exceeds %d characters!!\n", SNMP_NAME_LIMIT);
     if (host.version != SNMP_V3 && host.auth >= AUTH_NOAUTH_NOPRIV)
         return refuse("\nSNMP v1 and v2c don't support Auth and Priv!!\n");

@@ -6,6 +6,7 @@
 #include "shell/output.h"
 
 #include <cstdio>
+#include <cstring>
 
 namespace {
 
@@ -94,6 +95,10 @@ constinit const SnmpTable SNMP_COMMUNITIES = {
     .wanted = "community",
     .missing = "is not found in SNMP Community Table !",
 };
+
+bool exceeds(const char *text, int limit) {
+    return std::strlen(text) > static_cast<std::size_t>(limit);
+}
 
 int read_snmp_cell(ReadTarget value, const char *column, int row) {
     return cells_of(column).read(value, row);

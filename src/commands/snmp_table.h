@@ -31,6 +31,9 @@ extern const SnmpTable SNMP_COMMUNITIES;
 // Names of groups, views and communities have at most so many characters.
 inline constexpr int SNMP_NAME_LIMIT = 32;
 
+// True when `text` has more than `limit` characters, 0 or more.
+bool exceeds(const char *text, int limit);
+
 // A value of a row, read whole.
 inline constexpr std::size_t SNMP_TEXT_LIMIT = 128;
 using SnmpText = ShortValue<SNMP_TEXT_LIMIT>;

@@ -22,10 +22,6 @@ constexpr std::size_t KEY_MINIMUM = 8;
 constexpr std::size_t AUTH_KEY_LIMIT = 20;
 constexpr std::size_t PRIV_KEY_LIMIT = 16;
 
-bool exceeds(const char *text, int limit) {
-    return std::strlen(text) > static_cast<std::size_t>(limit);
-}
-
 bool is_between(std::int32_t number, std::int32_t low, std::int32_t high) {
     return number >= low && number <= high;
 }
