@@ -1,10 +1,7 @@
 // The line editor in front of a terminal.
-#include "terminal_model.h"
-
-#include "shell/line_editor.h"
+#include "editor_on_screen.h"
 
 #include <cstdio>
-#include <cstdlib>
 #include <gtest/gtest.h>
 #include <random>
 #include <string>
@@ -13,9 +10,6 @@
 namespace {
 
 using namespace std::string_literals;
-
-constexpr char PROMPT[] = "WAP-> ";
-constexpr int PROMPT_WIDTH = 6;
 
 const std::string LEFT = "\x1b[D";
 const std::string RIGHT = "\x1b[C";
@@ -34,23 +28,13 @@ const std::string CTRL_W = "\x17";
 // place.
 class Session {
 public:
-    explicit Session(LineCompleter *completer = nullptr)
-        : out_(open_memstream(&written_, &size_)), editor_(out_, PROMPT, completer, this) {
-        begin();
-    }
-    Session(const Session &) = delete;
-    Session &operator=(const Session &) = delete;
-    ~Session() {
-        std::fclose(out_);
-        std::free(written_);
-    }
+    explicit Session(LineCompleter *completer = nullptr) : editing_(completer) { check_screen(); }
 
     // Types keys; returns what they made the editor write.
     std::string type(const std::string &keys) {
         std::string bytes;
         for (const char key : keys) {
-            state_ = editor_.feed(static_cast<unsigned char>(key));
-            bytes += take_bytes();
+            state_ = editing_.feed(key, &bytes);
             if (state_ == LineEditor::State::Editing)
                 check_screen();
         }
@@ -63,59 +47,21 @@ public:
         if (state_ != LineEditor::State::LineDone)
             type("\r"); // an escape sequence swallowed the first
         EXPECT_EQ(state_, LineEditor::State::LineDone);
-        const std::string entered = line_;
-        const int below_line = line_row() + screen_row_of(editor_.length()) + 1;
-        editor_.finish();
-        take_bytes();
-        EXPECT_EQ(screen_.row(), below_line) << "Enter must leave the whole line";
-        begin();
+        std::string entered = line();
+        EXPECT_TRUE(editing_.finish()) << "Enter must leave the whole line";
+        check_screen();
         return entered;
     }
 
-    [[nodiscard]] std::string line() const { return line_; }
-    [[nodiscard]] int cursor() const { return editor_.cursor(); }
+    [[nodiscard]] std::string line() const { return editing_.line(); }
+    [[nodiscard]] int cursor() const { return editing_.editor().cursor(); }
     [[nodiscard]] LineEditor::State state() const { return state_; }
-    [[nodiscard]] const TerminalModel &screen() const { return screen_; }
 
 private:
-    void begin() {
-        editor_.begin(line_);
-        take_bytes();
-        check_screen();
-    }
+    void check_screen() const { ASSERT_EQ(editing_.fault(), ""); }
 
-    std::string take_bytes() {
-        std::fflush(out_);
-        std::string bytes(written_ + taken_, size_ - taken_);
-        taken_ = size_;
-        screen_.write(bytes);
-        return bytes;
-    }
-
-    static int screen_row_of(int index) { return (PROMPT_WIDTH + index) / TERMINAL_WIDTH; }
-    [[nodiscard]] int line_row() const { return screen_.row() - screen_row_of(editor_.cursor()); }
-
-    void check_screen() const {
-        const std::string line = line_;
-        ASSERT_EQ(line.size(), static_cast<std::size_t>(editor_.length()));
-        ASSERT_LE(editor_.cursor(), editor_.length());
-        ASSERT_EQ(screen_.errors(), "");
-        std::string shown = PROMPT + line;
-        shown.erase(shown.find_last_not_of(' ') + 1);
-        ASSERT_EQ(screen_.text_from(line_row()), shown);
-        ASSERT_EQ(screen_.column(), (PROMPT_WIDTH + editor_.cursor()) % TERMINAL_WIDTH);
-        ASSERT_EQ(editor_.column(), screen_.column());
-        ASSERT_EQ(editor_.row(), screen_row_of(editor_.cursor()));
-    }
-
-    char *written_ = nullptr;
-    std::size_t size_ = 0;
-    std::size_t taken_ = 0;
-    std::FILE *out_;
-    LineEditor editor_;
+    EditorOnScreen editing_;
     LineEditor::State state_ = LineEditor::State::Editing;
-    char line_[LINE_BUFFER_SIZE] = {};
-    TerminalModel screen_;
 };
 
 std::string repeat(std::string_view keys, int times) {
