@@ -229,6 +229,7 @@ TEST_F(LanServices, QosOptionsOutOfRange) {
                      "1 host1ip 192.168.0.250 6",
                      "1 host1ip 192.168.0.1 0",
                      "1 host1ip 192.168.0.1 255",
+                     "1 host1ip 192.168.0.0 255",
                      "1 host1ip 192.168.0.1 -1",
                      "1 host2ip 192.168.0.256 1",
                      "1 host2ip 192..0.1 1",
