@@ -6,7 +6,6 @@
 #include "shell/output.h"
 
 #include <arpa/inet.h>
-#include <cstring>
 
 namespace {
 
@@ -26,7 +25,7 @@ bool covers(int type, int limit) {
 bool is_set_address(const char *edge, int pool) {
     ShortValue<127> text;
     cfg_get(text, "/sys/adminlimit/ipentry/index:%d/%s", pool, edge);
-    return !text.empty() && std::strcmp(text.text(), "0") != 0 && inet_addr(text.text()) != 0;
+    return !text.empty() && inet_addr(text.text()) != 0;
 }
 
 bool has_pool() {
