@@ -54,6 +54,13 @@ std::string unescaped(std::string_view text) {
     return result;
 }
 
+// Takes a node of a document, unless no request could write it: there a path ends at a blank, and
+// the text at a NUL.
+bool take_node(NodeTree &tree, const std::string &path, const std::string &text) {
+    return path.find_first_of(std::string_view(" \0", 2)) == std::string::npos &&
+           text.find('\0') == std::string::npos && tree.set(path, text);
+}
+
 bool parse_text(std::string_view document, NodeTree &tree) {
     while (!document.empty()) {
         const std::size_t end = std::min(document.find('\n'), document.size());
@@ -63,8 +70,8 @@ bool parse_text(std::string_view document, NodeTree &tree) {
             continue;
         const std::size_t separator = line.find(SEPARATOR);
         if (line.front() != '/' || separator == std::string_view::npos ||
-            !tree.set(unescaped(line.substr(0, separator)),
-                      unescaped(line.substr(separator + SEPARATOR.size()))))
+            !take_node(tree, unescaped(line.substr(0, separator)),
+                       unescaped(line.substr(separator + SEPARATOR.size()))))
             return false;
     }
     return true;
@@ -125,7 +132,7 @@ bool parse_elements(const pugi::xml_node &parent, const std::string &path, NodeT
             continue;
         const std::string child_path = path + '/' + segment_of(child);
         const pugi::xml_attribute value = child.attribute("value");
-        if ((value && !tree.set(child_path, value.value())) ||
+        if ((value && !take_node(tree, child_path, value.value())) ||
             !parse_elements(child, child_path, tree))
             return false;
     }
