@@ -1,6 +1,5 @@
 #include "recording_shell.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <ctime>
 #include <dlfcn.h>
@@ -10,84 +9,79 @@
 
 namespace {
 
-struct State {
-    bool active = false;
-    bool pipes = true;
-    std::string output;
-    std::vector<std::string> lines;
-    std::FILE *open_pipe = nullptr;
-};
-State state;
+// Other threads (a fuzzer has one that watches the memory) go on as usual.
+thread_local RecordingShell *active = nullptr;
 
 template <class Function>
 Function *usual(Function *, const char *name) {
     return reinterpret_cast<Function *>(dlsym(RTLD_NEXT, name));
 }
 
+// No test may ever change the host's clock.
 int remember_clock(std::time_t seconds) {
-    state.lines.push_back("set clock " + std::to_string(seconds));
+    if (active != nullptr)
+        active->remember("set clock " + std::to_string(seconds));
     return 0;
 }
 
 } // namespace
 
 RecordingShell::RecordingShell() {
-    state = State{};
-    state.active = true;
+    active = this;
 }
 
 RecordingShell::~RecordingShell() {
-    state = State{};
-}
-
-void RecordingShell::print(const std::string &output) {
-    state.output = output;
-}
-
-void RecordingShell::refuse_pipes() {
-    state.pipes = false;
+    active = nullptr;
 }
 
 std::vector<std::string> RecordingShell::take_lines() {
-    return std::exchange(state.lines, {});
+    return std::exchange(lines_, {});
 }
 
-// These take the place of the C library's.
+std::FILE *RecordingShell::open_pipe(const char *line) {
+    if (!pipes_)
+        return nullptr;
+    remember(line);
+    pipe_ = std::tmpfile();
+    std::fputs(output_.c_str(), pipe_);
+    std::rewind(pipe_);
+    return pipe_;
+}
+
+bool RecordingShell::close_pipe(std::FILE *pipe) {
+    if (pipe != pipe_)
+        return false;
+    std::fclose(std::exchange(pipe_, nullptr));
+    return true;
+}
+
+// These take the place of the C library's, whose parameters have reserved names.
+// NOLINTBEGIN(readability-inconsistent-declaration-parameter-name)
 extern "C" {
 
 int system(const char *line) {
-    if (!state.active)
+    if (active == nullptr)
         return usual(system, "system")(line);
-    state.lines.emplace_back(line);
+    active->remember(line);
     return 0;
 }
 
 std::FILE *popen(const char *line, const char *mode) {
-    if (!state.active)
-        return usual(popen, "popen")(line, mode);
-    if (!state.pipes)
-        return nullptr;
-    state.lines.emplace_back(line);
-    state.open_pipe = std::tmpfile();
-    std::fputs(state.output.c_str(), state.open_pipe);
-    std::rewind(state.open_pipe);
-    return state.open_pipe;
+    return active != nullptr ? active->open_pipe(line) : usual(popen, "popen")(line, mode);
 }
 
 int pclose(std::FILE *pipe) {
-    if (pipe != state.open_pipe)
-        return usual(pclose, "pclose")(pipe);
-    return std::fclose(std::exchange(state.open_pipe, nullptr));
+    const bool ours = active != nullptr && active->close_pipe(pipe);
+    return ours ? 0 : usual(pclose, "pclose")(pipe);
 }
 
 unsigned sleep(unsigned seconds) {
-    if (!state.active)
+    if (active == nullptr)
         return usual(sleep, "sleep")(seconds);
-    state.lines.push_back("sleep " + std::to_string(seconds));
+    active->remember("sleep " + std::to_string(seconds));
     return 0;
 }
 
-// No test may ever change the host's clock.
 int settimeofday(const timeval *time, const struct timezone *) noexcept {
     return remember_clock(time->tv_sec);
 }
@@ -96,3 +90,4 @@ int clock_settime(clockid_t, const timespec *time) noexcept {
     return remember_clock(time->tv_sec);
 }
 }
+// NOLINTEND(readability-inconsistent-declaration-parameter-name)
