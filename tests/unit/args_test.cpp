@@ -288,8 +288,9 @@ TEST(TextUtilities, WeekdaysWrapPastSaturday) {
 TEST(TextUtilities, ReadsLinesOfAnyLength) {
     for (const std::size_t length : {0, 78, 79, 80, 81, 1000}) {
         const std::string line(length, 'x');
-        const std::string file = line + "\r\n" + line + "\n\n" + line;
-        std::FILE *stream = fmemopen(const_cast<char *>(file.data()), file.size(), "r");
+        std::string file = line;
+        file.append("\r\n").append(line).append("\n\n").append(line);
+        std::FILE *stream = fmemopen(file.data(), file.size(), "r");
         ASSERT_NE(stream, nullptr);
         EXPECT_EQ(read_line(stream, false).get(), line + '\n');
         EXPECT_EQ(read_line(stream, true).get(), line);

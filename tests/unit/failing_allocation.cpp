@@ -5,33 +5,28 @@
 
 namespace {
 
-int countdown = 0; // 0: every allocation succeeds
-bool fail_on = false;
-bool failed = false;
+FailingAllocation *active = nullptr;
 
 bool fails_now() {
-    if (countdown == 0 || --countdown > 0)
-        return failed && fail_on;
-    failed = true;
-    return true;
+    return active != nullptr && active->count_allocation();
 }
 
 } // namespace
 
-FailingAllocation::FailingAllocation(int nth, bool all_later) {
-    countdown = nth;
-    fail_on = all_later;
-    failed = false;
+FailingAllocation::FailingAllocation(int nth, bool all_later)
+    : countdown_(nth), all_later_(all_later) {
+    active = this;
 }
 
 FailingAllocation::~FailingAllocation() {
-    countdown = 0;
-    fail_on = false;
-    failed = false;
+    active = nullptr;
 }
 
-bool FailingAllocation::has_failed() const {
-    return failed;
+bool FailingAllocation::count_allocation() {
+    if (failed_)
+        return all_later_;
+    failed_ = --countdown_ == 0;
+    return failed_;
 }
 
 // The usual operators serve what does not fail, so that a sanitizer sees matching pairs. The

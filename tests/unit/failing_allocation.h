@@ -11,5 +11,13 @@ public:
     ~FailingAllocation();
 
     // True once an allocation failed.
-    [[nodiscard]] bool has_failed() const;
+    [[nodiscard]] bool has_failed() const { return failed_; }
+
+    // Counts an allocation; true when it is to fail.
+    bool count_allocation();
+
+private:
+    int countdown_;
+    bool all_later_;
+    bool failed_ = false;
 };

@@ -164,9 +164,10 @@ private:
             const std::size_t size = sizeof header + header.length;
             if (client.received.size() < size)
                 break;
-            const std::string payload = client.received.substr(sizeof header, header.length);
+            std::string payload = client.received.substr(sizeof header, header.length);
+            payload.resize(std::min(payload.find('\0'), payload.size()));
             client.received.erase(0, size);
-            if (!answer(client.connection, header.action, payload.c_str()))
+            if (!answer(client.connection, header.action, payload))
                 return false;
         }
         return true;
@@ -204,7 +205,8 @@ private:
         case Manner::NoNul:
             return is_text ? nodes_[payload] : reply;
         case Manner::Huge:
-            return std::string(100'000, 'x');
+            reply.assign(100'000, 'x');
+            return reply;
         case Manner::Garbage:
             return "\x01\xff%s%n\x1b[2J\x80garbage without any end, of no meaning\xfe\xfd";
         case Manner::ShortReply:

@@ -5,6 +5,7 @@
 #include "table_walk.h"
 #include "typed_line.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -16,12 +17,11 @@ const char *const WORDS[] = {"",           "1",      "1 1",          "1 1 1",
                              "abcdef0123", "enable", "a@b.c",        "name 1 1 1 1 1 1 1"};
 
 bool is_memory_message(const std::string &text) {
-    for (const char *message : {"memory error!", " can't alloc memory", "no enough memory!",
-                                "Error: fail to allocate memery"}) {
-        if (text.find(message) != std::string::npos)
-            return true;
-    }
-    return false;
+    static constexpr const char *MESSAGES[] = {"memory error!", " can't alloc memory",
+                                               "no enough memory!",
+                                               "Error: fail to allocate memery"};
+    return std::ranges::any_of(
+        MESSAGES, [&text](const char *message) { return text.find(message) != std::string::npos; });
 }
 
 // These take a check that has no memory for a refusal, say so, and go on to mend the combination.

@@ -1,11 +1,12 @@
 // Stands in for the system shell, and for time, in tests of what commands run.
 #pragma once
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
-// While it lives, command lines are remembered instead of run, sleeping takes no time and the
-// system's clock cannot be set. One at a time.
+// While it lives, command lines of its thread are remembered instead of run, sleeping takes no
+// time and the system's clock cannot be set. One at a time.
 class RecordingShell {
 public:
     RecordingShell();
@@ -14,12 +15,23 @@ public:
     ~RecordingShell();
 
     // What every captured command line prints from now on.
-    void print(const std::string &output);
+    void print(const std::string &output) { output_ = output; }
 
     // From now on no pipe to the shell can be opened.
-    void refuse_pipes();
+    void refuse_pipes() { pipes_ = false; }
 
     // What happened since the last call, in order: command lines as they are, "sleep SECONDS",
     // "set clock SECONDS".
     std::vector<std::string> take_lines();
+
+    // What the C library's functions do in the meantime.
+    void remember(std::string line) { lines_.push_back(std::move(line)); }
+    std::FILE *open_pipe(const char *line);
+    bool close_pipe(std::FILE *pipe); // false when it is none of ours
+
+private:
+    std::string output_;
+    std::vector<std::string> lines_;
+    bool pipes_ = true;
+    std::FILE *pipe_ = nullptr;
 };

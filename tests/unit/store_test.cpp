@@ -133,17 +133,17 @@ TEST(NodeAccess, SurvivesAMisbehavingDaemon) {
     FakeDaemon daemon;
     daemon.put("/node", "text");
     const struct {
-        Manner manner;
         const char *text; // what a read of 7 bytes gives
+        Manner manner;
         int set;
     } cases[] = {
-        {Manner::HangUp, "", -1},
-        {Manner::NoAnswer, "", -1},
-        {Manner::NoNul, "text", 0},
-        {Manner::Huge, "xxxxxxx", 0},
-        {Manner::Garbage, "\x01\xff%s%n\x1b", 0},
-        {Manner::ShortReply, "te", -1},
-        {Manner::Refusal, "text", -1},
+        {"", Manner::HangUp, -1},
+        {"", Manner::NoAnswer, -1},
+        {"text", Manner::NoNul, 0},
+        {"xxxxxxx", Manner::Huge, 0},
+        {"\x01\xff%s%n\x1b", Manner::Garbage, 0},
+        {"te", Manner::ShortReply, -1},
+        {"text", Manner::Refusal, -1},
     };
     for (const auto &one : cases) {
         SCOPED_TRACE(static_cast<int>(one.manner));

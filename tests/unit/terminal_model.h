@@ -34,7 +34,7 @@ public:
     // The rows from `first` to the last one used, joined at the edge as one text.
     [[nodiscard]] std::string text_from(int first) const {
         std::string text;
-        for (std::size_t row = static_cast<std::size_t>(first); row < rows_.size(); ++row)
+        for (auto row = static_cast<std::size_t>(first); row < rows_.size(); ++row)
             text += rows_[row];
         return text.substr(0, text.find_last_not_of(' ') + 1);
     }
