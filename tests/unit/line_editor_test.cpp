@@ -268,6 +268,11 @@ TEST(LineEditor, CompletesBeforeTheCursor) {
     EXPECT_EQ(session.line(), "get ssid  name");
     session.type("\x15x\x1b\t");
     EXPECT_EQ(session.line(), "x");
+    // The prompt goes below a wrapped line, not back up over what was listed.
+    const std::string wrapped(100, 'x');
+    session.type(CTRL_U + wrapped);
+    const std::string bytes = session.type("ss\t");
+    EXPECT_TRUE(bytes.starts_with("ss \n\rWAP-> ")) << bytes;
     // What does not fit into a line stays as it was.
     session.type(CTRL_U + std::string(4092, 'x') + "ss\t");
     EXPECT_EQ(session.line().size(), 4094U);
