@@ -65,4 +65,15 @@ TEST(OutOfMemory, EveryCommandSaysSoAndDoesNothing) {
     EXPECT_GT(starved, 100) << "words are missing that reach the allocations";
 }
 
+// Kept apart from the others for what it does to a file once it has memory.
+TEST(OutOfMemory, FactoryComparisonDoesNotBegin) {
+    FakeDaemon daemon;
+    RecordingShell shell;
+    const FailingAllocation failing(1);
+    const CommandRun run = dispatch_line(root_table(), "isfactorydefault");
+    EXPECT_EQ(run.out, "memory error!\n");
+    EXPECT_TRUE(daemon.take_requests().empty());
+    EXPECT_TRUE(shell.take_lines().empty());
+}
+
 } // namespace
