@@ -111,6 +111,7 @@ run_tests() {
     suite_of release
     if [ "$1" = all ]; then
         suite_of asan
+        suite_of mips
         ! has_fuzz_targets || suite_of fuzz --target fuzz_targets
         stage tidy check_tidy
     fi
@@ -119,6 +120,7 @@ run_tests() {
 }
 
 packages='run test'
+[ $# -gt 0 ] || packages="$packages cross"
 ! has_fuzz_targets || packages="$packages fuzz"
 # shellcheck disable=SC2086 # a list of groups
 tools/install-packages $packages </dev/null || exit 1
