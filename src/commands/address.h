@@ -3,7 +3,7 @@
 
 #include "shell/args.h"
 
-// True when a canonical dotted address may be a host's: first part 1..223 and not 127, the last
+// True when a canonical dotted address may be a host's: first octet 1..223 and not 127, the last
 // one 1..254.
 bool is_host_address(const Ipv4Text &address);
 
