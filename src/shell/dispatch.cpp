@@ -4,7 +4,6 @@
 #include "shell/listing.h"
 #include "shell/output.h"
 
-#include <cctype>
 #include <cstring>
 
 namespace {
@@ -31,8 +30,7 @@ CliCommand *find_exact(const CliContext &cli, CliCommand *table, std::string_vie
     for (CliCommand *row = table; row->handler != nullptr; ++row) {
         // Tags are not looked at here: a locked row found by its full name is an error, not a
         // reason to try prefixes.
-        if (std::strlen(row->name) == word.size() && is_on_band(cli, *row) &&
-            name_begins_with(*row, word))
+        if (name_begins_with(*row, word) && row->name[word.size()] == '\0' && is_on_band(cli, *row))
             return row;
     }
     return nullptr;
@@ -149,8 +147,7 @@ bool is_listed(const CliContext &cli, const CliCommand &row) {
 
 bool name_begins_with(const CliCommand &row, std::string_view word) {
     for (std::size_t at = 0; at < word.size(); ++at) {
-        if (row.name[at] == '\0' || std::tolower(static_cast<unsigned char>(row.name[at])) !=
-                                        std::tolower(static_cast<unsigned char>(word[at])))
+        if (row.name[at] == '\0' || lower_ascii(row.name[at]) != lower_ascii(word[at]))
             return false;
     }
     return true;
@@ -162,7 +159,7 @@ CommandMatch match_command(const CliContext &cli, CliCommand *table, std::string
 
     if (CliCommand *row = find_exact(cli, table, word)) {
         row->match_length = static_cast<std::int32_t>(word.size());
-        return {.row = take_single(table, word), .several = false, .exact = true};
+        return {.row = is_locked(*row) ? nullptr : row, .several = false, .exact = true};
     }
     const bool several = measure_prefixes(cli, table, word) > 1;
     CliCommand *row = several ? take_longest(table, word) : take_single(table, word);
