@@ -47,11 +47,12 @@ std::string ConsoleSession::press(std::string_view keys) {
         const std::string_view piece =
             keys.substr(0, at_line_end ? 1 : keys.find_first_of(LINE_ENDS));
         keys.remove_prefix(piece.size());
-        process_.write_input(piece, printed_);
-        if (at_line_end)
+        if (at_line_end) {
+            process_.write_input(piece, printed_);
             wait_prompt(true);
-        else
-            wait_keys_taken();
+        } else {
+            press_within_line(piece);
+        }
         printed += take_printed(at_line_end && keys.empty());
     }
     return printed;
@@ -101,9 +102,10 @@ void ConsoleSession::wait_prompt(bool after_newline) {
 }
 
 // The program flushes its output before it reads the next byte. So once it has read one key more
-// than it was given, one that does nothing, all that the others print is there.
-void ConsoleSession::wait_keys_taken() {
-    process_.write_input(std::string_view(&IGNORED_KEY, 1), printed_);
+// than these, one that does nothing, all that they print is there. That one goes out with them: if
+// they end the program, the terminal it leaves would echo what comes later.
+void ConsoleSession::press_within_line(std::string_view keys) {
+    process_.write_input(std::string(keys) + IGNORED_KEY, printed_);
     wait_until("the keys to be read", [this] { return process_.input_is_drained(); });
     if (!ended_)
         process_.read_output(printed_);

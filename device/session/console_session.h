@@ -54,7 +54,7 @@ private:
     template <class Condition>
     void wait_until(const char *what, Condition holds);
     void wait_prompt(bool after_newline);
-    void wait_keys_taken();
+    void press_within_line(std::string_view keys);
     void note_end();
     std::string take_printed(bool prompt_follows);
 
