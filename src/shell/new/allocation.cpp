@@ -11,6 +11,7 @@ void *operator new(std::size_t size, const std::nothrow_t &) noexcept {
 void *operator new[](std::size_t size, const std::nothrow_t &) noexcept {
     return std::malloc(size);
 }
+// NOLINTBEGIN(misc-new-delete-overloads): the throwing ones are left out on purpose
 void operator delete(void *block) noexcept {
     std::free(block);
 }
@@ -23,3 +24,4 @@ void operator delete(void *block, std::size_t) noexcept {
 void operator delete[](void *block, std::size_t) noexcept {
     std::free(block);
 }
+// NOLINTEND(misc-new-delete-overloads)
