@@ -10,6 +10,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace {
@@ -31,16 +32,29 @@ int report_start_up_failure(const char *message) {
     return START_UP_FAILURE;
 }
 
-// The next byte of standard input, with everything printed so far on the screen; -1 at its end.
-int read_byte() {
-    std::fflush(stdout);
-    unsigned char byte = 0;
-    ssize_t got = 0;
-    do {
-        got = read(STDIN_FILENO, &byte, 1);
-    } while (got < 0 && errno == EINTR);
-    return got == 1 ? byte : -1;
-}
+// Reads standard input byte by byte, so that a child that shares it finds the rest there.
+class KeyReader {
+public:
+    // The next byte, or -1 at the end of input. What was printed is on the screen before this
+    // waits; while keys that were typed or pasted ahead are there, it may be on its way.
+    int next() {
+        if (ahead_ == 0 && (ioctl(STDIN_FILENO, FIONREAD, &ahead_) != 0 || ahead_ <= 0)) {
+            ahead_ = 0;
+            std::fflush(stdout);
+        }
+        unsigned char byte = 0;
+        ssize_t got = 0;
+        do {
+            got = read(STDIN_FILENO, &byte, 1);
+        } while (got < 0 && errno == EINTR);
+        if (ahead_ > 0)
+            --ahead_;
+        return got == 1 ? byte : -1;
+    }
+
+private:
+    int ahead_ = 0; // bytes that are known to be there
+};
 
 class Console {
 public:
@@ -62,9 +76,10 @@ private:
     bool edit_line() {
         const RawTerminal raw;
         editor_.begin(line_->text);
+        KeyReader keys;
         LineEditor::State state = LineEditor::State::Editing;
         while (state == LineEditor::State::Editing) {
-            const int byte = read_byte();
+            const int byte = keys.next();
             state = byte < 0 ? LineEditor::State::EndOfInput
                              : editor_.feed(static_cast<unsigned char>(byte));
         }
