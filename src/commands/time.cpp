@@ -78,6 +78,7 @@ int get_time(CliContext &, const char *, CliCommand *) {
     static constexpr const char *WEEKDAYS[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
     const std::time_t seconds = std::time(nullptr);
     std::tm now{};
+    tzset(); // localtime_r alone would stay in the zone of its first call
     localtime_r(&seconds, &now);
     cli_printf("%s %d:%d:%d ", WEEKDAYS[now.tm_wday], now.tm_hour, now.tm_min, now.tm_sec);
     cli_printf("%d/%d/%d\n", now.tm_mon + 1, now.tm_mday, now.tm_year + 1900);

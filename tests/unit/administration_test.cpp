@@ -16,12 +16,12 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-// Runs the test in a time zone.
+// Runs the test in a time zone, which changes after another one has been in use.
 class LocalTime {
 public:
     explicit LocalTime(const char *zone) {
-        setenv("TZ", zone, 1);
         tzset();
+        setenv("TZ", zone, 1);
     }
     LocalTime(const LocalTime &) = delete;
     LocalTime &operator=(const LocalTime &) = delete;
