@@ -5,31 +5,30 @@
 #include "shell/dispatch.h"
 
 struct Country {
-    const char *keyword; // null: shown, but no word sets it
+    const char *name; // also the word that sets it
     const char *help;
     int code; // ISO 3166 numeric
-    const char *name;
 };
 
 inline constexpr int COUNTRY_ISRAEL = 376;
 inline constexpr int COUNTRY_JAPAN = 392;
 
 inline constexpr Country SETTABLE_COUNTRIES[] = {
-    {"AU", "country Australia", 36, "AU"},
-    {"CN", "country China", 156, "CN"},
-    {"GB", "country EU", 826, "GB"},
-    {"IL", "country Israel", COUNTRY_ISRAEL, "IL"},
-    {"JP", "country Japan", COUNTRY_JAPAN, "JP"},
-    {"KR", "country Korea", 410, "KR"},
-    {"LA", "country Latin America", 777, "LA"},
-    {"SG", "country Singapore", 702, "SG"},
-    {"TW", "country Taiwan", 158, "TW"},
-    {"US", "country USA", 840, "US"},
-    {"CA", "country Canada", 124, "CA"},
-    {"RU", "country Russia", 643, "RU"},
-    {"BR", "country Brazil", 76, "BR"},
-    {"EG", "country Egypt", 818, "EG"},
-    {"DB", "country for HW DEBUG", 511, "DB"},
+    {"AU", "country Australia", 36},
+    {"CN", "country China", 156},
+    {"GB", "country EU", 826},
+    {"IL", "country Israel", COUNTRY_ISRAEL},
+    {"JP", "country Japan", COUNTRY_JAPAN},
+    {"KR", "country Korea", 410},
+    {"LA", "country Latin America", 777},
+    {"SG", "country Singapore", 702},
+    {"TW", "country Taiwan", 158},
+    {"US", "country USA", 840},
+    {"CA", "country Canada", 124},
+    {"RU", "country Russia", 643},
+    {"BR", "country Brazil", 76},
+    {"EG", "country Egypt", 818},
+    {"DB", "country for HW DEBUG", 511},
 };
 
 // The regulatory country's code, from the first three bytes of its node.
@@ -44,7 +43,7 @@ int get_country(CliContext &cli, const char *word, CliCommand *subtable);
 
 inline constinit auto country_rows =
     command_table_of(SETTABLE_COUNTRIES, [](const Country &country) {
-        return CliCommand{country.keyword, country.help, set_country};
+        return CliCommand{country.name, country.help, set_country};
     });
 
 inline constexpr auto channel_set_rows = command_rows({
