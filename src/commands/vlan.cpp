@@ -15,18 +15,18 @@ namespace {
 constexpr int DEFAULT_PVID = 1;
 
 // The VLAN IDs of the entries that the table counts, 0 for free ones.
-using GroupVids = std::array<int, GROUP_ENTRIES>;
+using GroupVids = std::array<int, LAST_GROUP_ENTRY>;
 
 GroupVids read_group_vids() {
     GroupVids vids{};
-    const int count = std::clamp(cfg_number("/sys/group_vlan/index#"), 0, GROUP_ENTRIES);
+    const int count = std::clamp(cfg_number("/sys/group_vlan/index#"), 0, LAST_GROUP_ENTRY);
     for (int entry = 1; entry <= count; ++entry)
         vids[static_cast<std::size_t>(entry - 1)] = group_vid(entry);
     return vids;
 }
 
 int pvid_of(const VlanPort &port, const GroupVids &vids) {
-    for (int entry = GROUP_ENTRIES; entry >= 1; --entry) {
+    for (int entry = LAST_GROUP_ENTRY; entry >= 1; --entry) {
         const int vid = vids[static_cast<std::size_t>(entry - 1)];
         if (vid != 0 && group_egress(entry, port) == EGRESS_UNTAG)
             return vid;

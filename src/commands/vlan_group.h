@@ -6,6 +6,9 @@
 
 inline constexpr int GROUP_ENTRIES = 18;
 
+// Ports without an index can begin a VLAN behind a full table.
+inline constexpr int LAST_GROUP_ENTRY = GROUP_ENTRIES + 1;
+
 // A port's place in a VLAN, as its egress node holds it.
 enum Egress : int {
     EGRESS_NONE = 0,

@@ -71,7 +71,7 @@ TEST_F(Vlan, KeepsThePvidsOfThe5GhzRadio) {
 }
 
 TEST_F(Vlan, AutomaticPvidsLookAtNoMoreEntriesThanThereMayBe) {
-    for (const auto &[count, pvid] : {std::pair("99999", "18"), {"17", "17"}, {"-1", "1"}}) {
+    for (const auto &[count, pvid] : {std::pair("99999", "19"), {"17", "17"}, {"-1", "1"}}) {
         daemon_.put("/sys/group_vlan/index#", count);
         for (int index = 1; index <= 20; ++index) {
             daemon_.put(entry(index) + "/group_vid", std::to_string(index));
