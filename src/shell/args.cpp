@@ -8,6 +8,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <limits>
+#include <utility>
 
 std::int32_t debug_print = 0;
 
@@ -17,16 +18,10 @@ constexpr int IPV4_COMPONENTS = 4;
 constexpr int MAC_COMPONENTS = 6;
 constexpr unsigned long COMPONENT_LIMIT = 256;
 
-// The ring slot of the n-th unread word, oldest first; -1 when there are fewer.
-int find_word(const CliContext &cli, int n) {
-    int slot = cli.ring_head;
-    for (int step = 0; step < CliContext::RING_SLOTS; ++step) {
-        if (cli.argument_ring[static_cast<std::size_t>(slot)] != nullptr && n-- == 0)
-            return slot;
-        if (++slot == CliContext::RING_SLOTS)
-            slot = 0;
-    }
-    return -1;
+// The ring slot `distance` (1 to RING_SLOTS) places before the head.
+std::size_t slot_before_head(const CliContext &cli, int distance) {
+    const int slot = cli.ring_head - distance;
+    return static_cast<std::size_t>(slot < 0 ? slot + CliContext::RING_SLOTS : slot);
 }
 
 void echo_for_debugging(const char *word) {
@@ -59,26 +54,26 @@ bool is_digit(char c) {
 
 } // namespace
 
+// The unread words stand together, the newest right before the head: words are put in at the head,
+// and only the oldest is ever taken out.
 int arg_count(const CliContext &cli) {
     int count = 0;
-    for (const char *word : cli.argument_ring)
-        count += word != nullptr ? 1 : 0;
+    while (count < CliContext::RING_SLOTS &&
+           cli.argument_ring[slot_before_head(cli, count + 1)] != nullptr)
+        ++count;
     return count;
 }
 
 char *arg_next(CliContext &cli) {
-    const int slot = find_word(cli, 0);
-    if (slot < 0)
+    const int count = arg_count(cli);
+    if (count == 0)
         return nullptr;
-    char *&held = cli.argument_ring[static_cast<std::size_t>(slot)];
-    char *word = held;
-    held = nullptr;
-    return word;
+    return std::exchange(cli.argument_ring[slot_before_head(cli, count)], nullptr);
 }
 
 char *arg_peek(const CliContext &cli, int n) {
-    const int slot = find_word(cli, n);
-    return slot < 0 ? nullptr : cli.argument_ring[static_cast<std::size_t>(slot)];
+    const int distance = arg_count(cli) - n;
+    return distance > 0 ? cli.argument_ring[slot_before_head(cli, distance)] : nullptr;
 }
 
 int arg_uint(CliContext &cli, std::uint32_t &value, int base) {
