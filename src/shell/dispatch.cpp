@@ -15,6 +15,15 @@ char lower_ascii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
+// `word` is lowered already, as all words to be matched are.
+bool begins_with_lowered(const char *name, std::string_view word) {
+    for (const char c : word) {
+        if (lower_ascii(*name++) != c)
+            return false;
+    }
+    return true;
+}
+
 bool has_tag(const CliCommand &row, const char *tag) {
     return row.tag != nullptr && std::strcmp(row.tag, tag) == 0;
 }
@@ -30,7 +39,8 @@ CliCommand *find_exact(const CliContext &cli, CliCommand *table, std::string_vie
     for (CliCommand *row = table; row->handler != nullptr; ++row) {
         // Tags are not looked at here: a locked row found by its full name is an error, not a
         // reason to try prefixes.
-        if (name_begins_with(*row, word) && row->name[word.size()] == '\0' && is_on_band(cli, *row))
+        if (begins_with_lowered(row->name, word) && row->name[word.size()] == '\0' &&
+            is_on_band(cli, *row))
             return row;
     }
     return nullptr;
@@ -40,6 +50,7 @@ CliCommand *find_exact(const CliContext &cli, CliCommand *table, std::string_vie
 int measure_prefixes(const CliContext &cli, CliCommand *table, std::string_view word) {
     int candidates = 0;
     for (CliCommand *row = table; row->handler != nullptr; ++row) {
+        row->match_length = 0;
         if (is_locked(*row) || has_tag(*row, HIDDEN_TAG) || !is_on_band(cli, *row))
             continue;
         // Compared with case, the lowered word against the name as it stands: capitals in a
@@ -154,13 +165,8 @@ bool name_begins_with(const CliCommand &row, std::string_view word) {
 }
 
 CommandMatch match_command(const CliContext &cli, CliCommand *table, std::string_view word) {
-    for (CliCommand *row = table; row->handler != nullptr; ++row)
-        row->match_length = 0;
-
-    if (CliCommand *row = find_exact(cli, table, word)) {
-        row->match_length = static_cast<std::int32_t>(word.size());
+    if (CliCommand *row = find_exact(cli, table, word))
         return {.row = is_locked(*row) ? nullptr : row, .several = false, .exact = true};
-    }
     const bool several = measure_prefixes(cli, table, word) > 1;
     CliCommand *row = several ? take_longest(table, word) : take_single(table, word);
     return {.row = row, .several = several, .exact = false};

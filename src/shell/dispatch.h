@@ -25,7 +25,8 @@ bool is_on_band(const CliContext &cli, const CliCommand &row);
 bool name_begins_with(const CliCommand &row, std::string_view word);
 
 // Matches a lowered word against a table: exactly (ignoring case), else by the longest common
-// beginning, ties going to the first row in table order. Rewrites every row's match length.
+// beginning, ties going to the first row in table order. The latter rewrites every row's match
+// length.
 CommandMatch match_command(const CliContext &cli, CliCommand *table, std::string_view word);
 
 // Takes the next word of the ring, finds its row in `table` and runs the handler. Prints
