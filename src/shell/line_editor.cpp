@@ -213,13 +213,13 @@ void LineEditor::print_prompt() {
 // Prints the character at the cursor and steps over it. At the edge of the screen the next one is
 // printed too and stepped back from, which makes the terminal wrap.
 void LineEditor::echo() {
-    std::fputc(char_at(cursor_), out_);
+    putc_unlocked(char_at(cursor_), out_);
     ++cursor_;
     if (++column_ == TERMINAL_WIDTH) {
         column_ = 0;
         ++row_;
-        std::fputc(char_at(cursor_), out_);
-        std::fputc(BACKSPACE, out_);
+        putc_unlocked(char_at(cursor_), out_);
+        putc_unlocked(BACKSPACE, out_);
     }
 }
 
@@ -237,14 +237,14 @@ void LineEditor::move_left(int distance) {
         column_ -= distance;
         if (distance < SEQUENCE_DISTANCE) {
             while (distance-- > 0)
-                std::fputc(BACKSPACE, out_);
+                putc_unlocked(BACKSPACE, out_);
         } else {
             std::fprintf(out_, "\x1b[%dD", distance);
         }
         return;
     }
     if (column_ != 0)
-        std::fputc('\r', out_);
+        putc_unlocked('\r', out_);
     const int remaining = distance - column_;
     const int rows = (remaining + TERMINAL_WIDTH - 1) / TERMINAL_WIDTH;
     row_ -= rows;
@@ -264,7 +264,7 @@ void LineEditor::move_right() {
 void LineEditor::redraw(int cursor_from_end) {
     if (row_ > 0)
         std::fprintf(out_, "\x1b[%dA", row_);
-    std::fputc('\r', out_);
+    putc_unlocked('\r', out_);
     print_prompt();
     cursor_ = 0;
     echo_to_end();
@@ -275,11 +275,11 @@ void LineEditor::redraw(int cursor_from_end) {
 void LineEditor::insert(char c) {
     if (length_ == LINE_LIMIT)
         return;
-    char *at = line_ + cursor_;
-    std::memmove(at + 1, at, static_cast<std::size_t>(length_ - cursor_) + 1);
-    *at = c;
-    ++length_;
-    const int tail = length_ - cursor_ - 1;
+    const int tail = length_ - cursor_;
+    if (tail > 0)
+        std::memmove(line_ + cursor_ + 1, line_ + cursor_, static_cast<std::size_t>(tail));
+    line_[cursor_] = c;
+    line_[++length_] = '\0';
     echo_to_end();
     move_left(tail);
 }
@@ -328,7 +328,7 @@ void LineEditor::cut_at_cursor() {
 void LineEditor::step_below_line() {
     if (row_ < (static_cast<int>(std::strlen(prompt_)) + length_) / TERMINAL_WIDTH)
         echo_to_end();
-    std::fputc('\n', out_);
+    putc_unlocked('\n', out_);
 }
 
 void LineEditor::abandon_line() {
