@@ -18,6 +18,7 @@ struct NodePath {
 };
 
 int fail(const char *message) {
+    std::fflush(stdout); // what was printed before stands before it
     std::perror(message);
     return -1;
 }

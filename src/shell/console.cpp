@@ -10,6 +10,7 @@
 #include <cstring>
 #include <memory>
 #include <new>
+#include <optional>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -60,7 +61,7 @@ class Console {
 public:
     Console(std::FILE *input, CliContext &cli, CliCommand *root, std::unique_ptr<LineBuffer> line)
         : input_(input), cli_(cli), root_(root), line_(std::move(line)),
-          editor_(stdout, cli_prompt, complete, this) {}
+          editor_(stdout, cli_prompt, complete, this), on_terminal_(isatty(STDIN_FILENO) == 1) {}
 
     void run() {
         while (input_ == stdin ? edit_line() : read_plain_line()) {
@@ -74,7 +75,9 @@ public:
 private:
     // Handlers run after this, with the terminal as it was. False at the end of input.
     bool edit_line() {
-        const RawTerminal raw;
+        std::optional<RawTerminal> raw;
+        if (on_terminal_)
+            raw.emplace();
         editor_.begin(line_->text);
         KeyReader keys;
         LineEditor::State state = LineEditor::State::Editing;
@@ -87,7 +90,10 @@ private:
             editor_.finish();
         else
             std::fputs("exit\n", stdout);
-        std::fflush(stdout);
+        // Who types sees the line end, however long the command takes. For a pipe it goes out with
+        // what the command prints.
+        if (on_terminal_)
+            std::fflush(stdout);
         return state == LineEditor::State::LineDone;
     }
 
@@ -115,6 +121,7 @@ private:
     CliCommand *root_;
     std::unique_ptr<LineBuffer> line_;
     LineEditor editor_;
+    bool on_terminal_;
 };
 
 } // namespace

@@ -2,8 +2,7 @@
 
 #include <termios.h>
 
-// Puts the terminal on standard input into character-at-a-time mode while it lives. Standard input
-// that is no terminal is left alone.
+// Puts the terminal on standard input into character-at-a-time mode while it lives.
 class RawTerminal {
 public:
     RawTerminal();
