@@ -15,13 +15,19 @@ char lower_ascii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
 }
 
-// `word` is lowered already, as all words to be matched are.
-bool begins_with_lowered(const char *name, std::string_view word) {
+// The same for both cases of a letter.
+char without_case(char c) {
+    return static_cast<char>(c | ('a' - 'A'));
+}
+
+// Compares ignoring case. The word is lowered already, and names seldom have capitals.
+bool equals_lowered(const char *name, std::string_view word) {
     for (const char c : word) {
-        if (lower_ascii(*name++) != c)
+        if (*name != c && lower_ascii(*name) != c)
             return false;
+        ++name;
     }
-    return true;
+    return *name == '\0';
 }
 
 bool has_tag(const CliCommand &row, const char *tag) {
@@ -36,11 +42,14 @@ std::int32_t common_prefix(const char *name, std::string_view word) {
 }
 
 CliCommand *find_exact(const CliContext &cli, CliCommand *table, std::string_view word) {
+    const char first = word.empty() ? '\0' : without_case(word[0]);
     for (CliCommand *row = table; row->handler != nullptr; ++row) {
+        // Nearly all rows are sorted out here, at the least cost.
+        if (without_case(row->name[0]) != first)
+            continue;
         // Tags are not looked at here: a locked row found by its full name is an error, not a
         // reason to try prefixes.
-        if (begins_with_lowered(row->name, word) && row->name[word.size()] == '\0' &&
-            is_on_band(cli, *row))
+        if (equals_lowered(row->name, word) && is_on_band(cli, *row))
             return row;
     }
     return nullptr;
