@@ -1,7 +1,7 @@
 // The database requests of a number of gets or sets with nothing around them: what the console is
 // measured against.
 //
-// usage: bare_client SOCKET get|set COUNT
+// usage: bare_client get|set COUNT
 #include "config/sync_items.h"
 #include "config/xmldb_client.h"
 
@@ -31,11 +31,10 @@ bool set(const char *path, const char *value) {
 } // namespace
 
 int main(int argc, char **argv) {
-    if (argc != 4)
+    if (argc != 3)
         return 2;
-    xmldb_default_socket = argv[1];
-    const bool setting = std::strcmp(argv[2], "set") == 0;
-    for (int left = std::atoi(argv[3]); left > 0; --left) {
+    const bool setting = std::strcmp(argv[1], "set") == 0;
+    for (int left = std::atoi(argv[2]); left > 0; --left) {
         if (!(setting ? set("/wlan/inf:1/dtim", "3") : get("/wlan/inf:1/dtim")))
             return 1;
     }
