@@ -32,15 +32,37 @@ constexpr char BACKSPACE = '\b';
 // Moves shorter than this are cheaper as backspaces.
 constexpr int SEQUENCE_DISTANCE = 4;
 
-// The final byte that means the same as a number and "~"; "~" itself deletes.
-unsigned char numbered_key(unsigned char number) {
+// What a sequence's final byte stands for: one of the keys above, or 0.
+unsigned char key_of_sequence(unsigned char final_byte) {
+    switch (final_byte) {
+    case 'A':
+        return CTRL_P;
+    case 'B':
+        return CTRL_N;
+    case 'C':
+        return CTRL_F;
+    case 'D':
+        return CTRL_B;
+    case 'F':
+        return CTRL_E;
+    case 'H':
+        return CTRL_A;
+    case TAB:
+        return TAB;
+    default:
+        return 0;
+    }
+}
+
+// The same for a sequence that is a number and "~".
+unsigned char key_of_number(unsigned char number) {
     switch (number) {
     case '1':
-        return 'H';
+        return CTRL_A;
     case '3':
-        return '~';
+        return CTRL_D;
     case '4':
-        return 'F';
+        return CTRL_E;
     default:
         return 0;
     }
@@ -71,72 +93,39 @@ void LineEditor::finish() {
 }
 
 LineEditor::State LineEditor::feed(unsigned char byte) {
-    if (escape_ != Escape::None) {
+    if (escape_ != Escape::None)
         feed_escape(byte);
-        return State::Editing;
-    }
-    return feed_key(byte);
+    else if (byte == LINE_FEED || byte == CARRIAGE_RETURN)
+        return State::LineDone;
+    else if (byte == CTRL_D && length_ == 0)
+        return State::EndOfInput;
+    else if (byte == ESCAPE)
+        escape_ = Escape::Began;
+    else if (std::isprint(byte) != 0)
+        insert(static_cast<char>(byte));
+    else
+        run_key(byte);
+    return State::Editing;
 }
 
-LineEditor::State LineEditor::feed_key(unsigned char byte) {
-    switch (byte) {
-    case CTRL_A:
-        move_left(cursor_);
-        break;
-    case CTRL_B:
-        move_left(1);
-        break;
-    case CTRL_C:
-        abandon_line();
-        break;
-    case CTRL_D:
-        if (length_ == 0)
-            return State::EndOfInput;
-        delete_at_cursor();
-        break;
-    case CTRL_E:
-        echo_to_end();
-        break;
-    case CTRL_F:
-        move_right();
-        break;
-    case CTRL_H:
-    case DELETE:
-        backspace();
-        break;
-    case TAB:
-        complete();
-        break;
-    case LINE_FEED:
-    case CARRIAGE_RETURN:
-        return State::LineDone;
-    case CTRL_K:
-        cut_at_cursor();
-        break;
-    case CTRL_L:
-        clear_screen();
-        break;
-    case CTRL_N:
-        show_history(history_.next());
-        break;
-    case CTRL_P:
-        show_history(history_.previous(line_));
-        break;
-    case CTRL_U:
-        delete_to_start();
-        break;
-    case CTRL_W:
-        delete_word();
-        break;
-    case ESCAPE:
-        escape_ = Escape::Began;
-        break;
-    default:
-        if (std::isprint(byte) != 0)
-            insert(static_cast<char>(byte));
-        break;
+void LineEditor::run_key(unsigned char key) {
+    static constexpr struct {
+        unsigned char key;
+        void (LineEditor::*action)();
+    } ACTIONS[] = {
+        {CTRL_A, &LineEditor::to_start},      {CTRL_B, &LineEditor::left},
+        {CTRL_C, &LineEditor::abandon_line},  {CTRL_D, &LineEditor::delete_at_cursor},
+        {CTRL_E, &LineEditor::echo_to_end},   {CTRL_F, &LineEditor::right},
+        {CTRL_H, &LineEditor::backspace},     {DELETE, &LineEditor::backspace},
+        {TAB, &LineEditor::complete},         {CTRL_K, &LineEditor::cut_at_cursor},
+        {CTRL_L, &LineEditor::clear_screen},  {CTRL_N, &LineEditor::show_next},
+        {CTRL_P, &LineEditor::show_previous}, {CTRL_U, &LineEditor::delete_to_start},
+        {CTRL_W, &LineEditor::delete_word},
+    };
+    for (const auto &[of_key, action] : ACTIONS) {
+        if (of_key == key)
+            return (this->*action)();
     }
-    return State::Editing;
 }
 
 // A sequence is swallowed up to its final byte, whether or not it means anything here.
@@ -155,45 +144,11 @@ void LineEditor::feed_escape(unsigned char byte) {
         parameter_count_ = std::min(parameter_count_ + 1, 2);
         return;
     }
-    if (escape_ == Escape::Began)
-        parameter_count_ = 0;
+    if (escape_ == Escape::Began || parameter_count_ == 0)
+        run_key(key_of_sequence(byte));
+    else if (parameter_count_ == 1 && byte == '~')
+        run_key(key_of_number(parameter_));
     escape_ = Escape::None;
-    run_escape(byte);
-}
-
-void LineEditor::run_escape(unsigned char final_byte) {
-    if (parameter_count_ == 1 && final_byte == '~')
-        final_byte = numbered_key(parameter_);
-    else if (parameter_count_ > 0 || final_byte == '~')
-        return;
-    switch (final_byte) {
-    case 'A':
-        show_history(history_.previous(line_));
-        break;
-    case 'B':
-        show_history(history_.next());
-        break;
-    case 'C':
-        move_right();
-        break;
-    case 'D':
-        move_left(1);
-        break;
-    case 'F':
-        echo_to_end();
-        break;
-    case 'H':
-        move_left(cursor_);
-        break;
-    case '~':
-        delete_at_cursor();
-        break;
-    case TAB:
-        complete();
-        break;
-    default:
-        break;
-    }
 }
 
 void LineEditor::reset_position() {
@@ -254,7 +209,15 @@ void LineEditor::move_left(int distance) {
         std::fprintf(out_, "\x1b[%dC", column_);
 }
 
-void LineEditor::move_right() {
+void LineEditor::to_start() {
+    move_left(cursor_);
+}
+
+void LineEditor::left() {
+    move_left(1);
+}
+
+void LineEditor::right() {
     if (cursor_ < length_)
         echo();
 }
@@ -341,6 +304,14 @@ void LineEditor::abandon_line() {
 void LineEditor::clear_screen() {
     std::fputs("\x1b[H", out_);
     redraw(length_ - cursor_);
+}
+
+void LineEditor::show_previous() {
+    show_history(history_.previous(line_));
+}
+
+void LineEditor::show_next() {
+    show_history(history_.next());
 }
 
 void LineEditor::show_history(const char *entry) {

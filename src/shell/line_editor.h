@@ -47,9 +47,8 @@ public:
 private:
     enum class Escape { None, Began, Parameters };
 
-    State feed_key(unsigned char byte);
     void feed_escape(unsigned char byte);
-    void run_escape(unsigned char final_byte);
+    void run_key(unsigned char key);
 
     // What the screen shows at an index: the line's character, or a blank behind its end.
     [[nodiscard]] char char_at(int index) const { return index < length_ ? line_[index] : ' '; }
@@ -57,7 +56,9 @@ private:
     void echo();
     void echo_to_end();
     void move_left(int distance);
-    void move_right();
+    void to_start();
+    void left();
+    void right();
     void redraw(int cursor_from_end);
     void step_below_line();
 
@@ -70,6 +71,8 @@ private:
     void abandon_line();
     void clear_screen();
     void complete();
+    void show_previous();
+    void show_next();
     void show_history(const char *entry);
     void replace_line(std::string_view text);
     void reset_position();
