@@ -35,6 +35,11 @@ int refuse_mail() {
     return CLI_DONE;
 }
 
+// Hours between two changes, 1..168, with no sign or white space before them.
+bool is_rekey_time(const char *word) {
+    return *word >= '0' && *word <= '9' && in_range(word, 1, 168) != 0;
+}
+
 // Reads a node of the schedule; when it is empty, the first `length` characters of the device's
 // own day or time.
 void read_start(ValueBuffer &value, const char *node, const char *runtime_node,
@@ -60,7 +65,7 @@ const char *profile_name(int profile) {
 } // namespace
 
 int set_rekey_time(CliContext &cli, const char *, CliCommand *) {
-    if (arg_count(cli) != 3 || in_range(arg_peek(cli, 0), 1, 168) == 0)
+    if (arg_count(cli) != 3 || !is_rekey_time(arg_peek(cli, 0)))
         return refuse_time();
     const int interface = interface_number(cli);
     cfg_set(arg_next(cli), "/wlan/inf:%d/autorekey/time", interface);

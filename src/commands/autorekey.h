@@ -5,8 +5,12 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// All of these return 0, also after the usage lines of a refusal.
+// The setters return 0, also after the usage lines of a refusal.
+
+// Words HOURS DAY TIME: HOURS begins with a digit and is 1..168, DAY and TIME are any text.
 int set_rekey_time(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Words SSID STATE: SSID 0 is the primary one, 1..7 are slots; STATE is 0 or 1.
 int set_rekey_ssid(CliContext &cli, const char *word, CliCommand *subtable);
 
 // A refusal after the first word keeps what was written before it.
