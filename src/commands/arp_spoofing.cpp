@@ -39,10 +39,9 @@ int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
 }
 
 int delete_arp_rule(CliContext &cli, const char *, CliCommand *) {
-    const char *index = arg_peek(cli, 0);
-    if (arg_count(cli) != 1 || in_range(index, 1, RULES) == 0)
+    if (!is_only_word_in(cli, 1, RULES))
         return refuse("set arpspoofing del <index>(1~8)\n"); // "del". Meant so.
-    RULE.remove(decimal_value(index));
+    RULE.remove(decimal_value(arg_next(cli)));
     pending_apply |= APPLY_ARPSPOOF;
     return CLI_DONE;
 }

@@ -42,11 +42,6 @@ void write_pool(int pool, const char *start, const char *end) {
     pending_apply |= APPLY_WAN;
 }
 
-// One word in low..high, and nothing else.
-bool is_only_word_in(const CliContext &cli, int low, int high) {
-    return arg_count(cli) == 1 && in_range(arg_peek(cli, 0), low, high) != 0;
-}
-
 int refuse_type() {
     print_lines({"Please specify available Limited Administration type.",
                  "    0: Limited Administration Disabled", "    1: Administration with VID",

@@ -200,12 +200,11 @@ int suspend_qos_rule(CliContext &cli, const char *, CliCommand *) {
 }
 
 int delete_qos_rule(CliContext &cli, const char *, CliCommand *) {
-    const char *index = arg_peek(cli, 0);
-    if (arg_count(cli) != 1 || !is_rule(decimal_value(index))) {
+    if (!is_only_word_in(cli, 1, RULES)) {
         cli_printf("set qos rule delete <index>(1~64)\n");
         return CLI_DONE; // no refusal. Meant so.
     }
-    RULE.remove(decimal_value(index));
+    RULE.remove(decimal_value(arg_next(cli)));
     pending_apply |= APPLY_QOS;
     return CLI_DONE;
 }

@@ -189,6 +189,10 @@ int in_range(const char *text, int low, int high) {
     return low <= value && value <= high ? 1 : 0;
 }
 
+bool is_only_word_in(const CliContext &cli, int low, int high) {
+    return arg_count(cli) == 1 && in_range(arg_peek(cli, 0), low, high) != 0;
+}
+
 Ipv4Text ipv4_text(std::uint32_t address) {
     Ipv4Text text{};
     const in_addr binary{.s_addr = address};

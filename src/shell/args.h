@@ -66,5 +66,8 @@ inline std::uint32_t unsigned_value(const char *text) {
 // 1 when low <= decimal value of text <= high, else 0. A text that is no number is 0.
 int in_range(const char *text, int low, int high);
 
+// True when the only unread word, left in the ring, lies in low..high as for in_range.
+bool is_only_word_in(const CliContext &cli, int low, int high);
+
 // Writes an address in network order as canonical dotted text.
 Ipv4Text ipv4_text(std::uint32_t address);
