@@ -29,6 +29,11 @@ bool take_last_address(CliContext &cli, Ipv4Text &text) {
 
 } // namespace
 
+bool is_address(const char *word) {
+    Octets octets{};
+    return ipv4_parse_blank(word, octets) == 1;
+}
+
 bool is_host_address(const Ipv4Text &address) {
     const Octets octets = split_octets(address);
     return octets[0] != 127 && octets[0] >= 1 && octets[0] <= 223 && octets[3] >= 1 &&

@@ -3,6 +3,9 @@
 
 #include "shell/args.h"
 
+// True when a word reads as an IPv4 address, as for ipv4_parse_blank.
+bool is_address(const char *word);
+
 // True when a canonical dotted address may be a host's: first octet 1..223 and not 127, the last
 // one 1..254.
 bool is_host_address(const Ipv4Text &address);

@@ -1,5 +1,6 @@
 #include "commands/snmp_host.h"
 
+#include "commands/address.h"
 #include "commands/snmp_table.h"
 #include "config/host_command.h"
 #include "shell/args.h"
@@ -24,11 +25,6 @@ struct NewHost {
     std::int32_t version = 0;
     std::int32_t auth = 0;
 };
-
-bool is_address(const char *word) {
-    std::array<std::uint8_t, 4> address{};
-    return ipv4_parse_blank(word, address) == 1;
-}
 
 int check_words(NewHost &host) {
     if (!is_address(host.address))

@@ -1,5 +1,6 @@
 #include "commands/syslog.h"
 
+#include "commands/address.h"
 #include "commands/mail_profile.h"
 #include "config/apply.h"
 #include "config/host_command.h"
@@ -73,11 +74,6 @@ bool is_profile(int number) {
 // True for a single digit in first..last.
 bool is_digit_in(const char *text, char first, char last) {
     return *text >= first && *text <= last && text[1] == '\0';
-}
-
-bool is_address(const char *text) {
-    std::array<std::uint8_t, 4> address{};
-    return ipv4_parse_blank(text, address) == 1;
 }
 
 void print_periods() {

@@ -1,5 +1,6 @@
 #include "commands/time.h"
 
+#include "commands/address.h"
 #include "config/apply.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
@@ -98,12 +99,11 @@ int set_time_server(CliContext &cli, const char *, CliCommand *) {
         return CLI_REFUSED;
     }
     const char *word = arg_next(cli);
-    std::array<std::uint8_t, 4> address{};
     if (std::strcmp(word, "enable") == 0)
         use_time_server(true);
     else if (std::strcmp(word, "disable") == 0)
         use_time_server(false);
-    else if (ipv4_parse_blank(word, address) == 1)
+    else if (is_address(word))
         set_time_server_address(word);
     else
         return refuse("Please input correct IP address!\n");
