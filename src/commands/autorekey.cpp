@@ -115,7 +115,7 @@ int set_rekey_mail(CliContext &cli, const char *, CliCommand *) {
 int get_rekey(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     read_start(value, "/wlan/inf:1/autorekey/startweek", "/runtime/time/week", 3);
     cli_printf("autorekey change start week: %s\n", value.text());
     read_start(value, "/wlan/inf:1/autorekey/starttime", "/runtime/time/time", 5);
@@ -150,7 +150,7 @@ int get_rekey_mail(CliContext &, const char *, CliCommand *) {
 
     ValueBuffer value;
     if (!value)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     const int profile = cfg_number(MAIL_PROFILE_NODE);
     cli_printf("SMTP Index: %s\n", profile_name(profile));
     read_mail_field(value, profile, "authtype");

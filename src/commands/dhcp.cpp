@@ -63,7 +63,7 @@ int disable_static_lease(CliContext &, const char *, CliCommand *) {
 int add_static_hostname(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer stored;
     if (!stored)
-        return refuse("no enough memory!\n");
+        return refuse(NO_ENOUGH_MEMORY);
     const char *name = arg_next(cli);
     if (name == nullptr)
         return refuse("error hostname !\n");
@@ -73,7 +73,7 @@ int add_static_hostname(CliContext &cli, const char *, CliCommand *) {
 int add_static_ip(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer stored;
     if (!stored)
-        return refuse("no enough memory!\n");
+        return refuse(NO_ENOUGH_MEMORY);
     Ipv4Text address{};
     if (!take_host_address(cli, address))
         return refuse("No IP Address!\n");
@@ -83,7 +83,7 @@ int add_static_ip(CliContext &cli, const char *, CliCommand *) {
 int add_static_mac(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer stored;
     if (!stored)
-        return refuse("no enough memory!\n");
+        return refuse(NO_ENOUGH_MEMORY);
     MacText mac{};
     if (arg_count(cli) == 0 || arg_mac(cli, mac) == 0)
         return refuse("error macaddradd!\n");

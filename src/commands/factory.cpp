@@ -117,7 +117,7 @@ int set_factory_default(CliContext &, const char *, CliCommand *) {
 int compare_with_factory(CliContext &, const char *, CliCommand *) {
     SavedConfig current;
     if (!current)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     save_to_file();
     if (!current.read_file()) {
         remove_file();
@@ -127,7 +127,7 @@ int compare_with_factory(CliContext &, const char *, CliCommand *) {
     write_loadable(current);
     SavedConfig factory;
     if (!factory) {
-        cli_printf("memory error!\n");
+        cli_printf(MEMORY_ERROR);
         remove_file();
         return CLI_REFUSED;
     }

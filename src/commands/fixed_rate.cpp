@@ -1,5 +1,6 @@
 #include "commands/fixed_rate.h"
 
+#include "commands/fixed_value.h"
 #include "config/apply.h"
 #include "config/node_access.h"
 #include "shell/output.h"
@@ -36,7 +37,7 @@ int set_fixed_rate(CliContext &cli, const char *, CliCommand *) {
 int get_fixed_rate(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer code;
     if (!code)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     cfg_get(code, "/wlan/inf:%d/fixedrate", interface_number(cli));
     cli_printf("fixedrate:%s\n", rate_word(cli, code.number()));
     return CLI_DONE;

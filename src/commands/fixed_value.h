@@ -89,6 +89,7 @@ int run_fixed_command(const CliContext &cli, const char *command);
 inline constexpr char MEMORY_ERROR[] = "memory error!\n";
 inline constexpr char CANT_ALLOC_MEMORY[] = " can't alloc memory \n";
 inline constexpr char NO_ENOUGH_MEMORY[] = "no enough memory!\n";
+inline constexpr char FAIL_TO_ALLOCATE[] = "Error: fail to allocate memery\n"; // spelt so
 
 // The handlers of such rows.
 

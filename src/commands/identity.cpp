@@ -37,7 +37,7 @@ int get_runtime(CliContext &, const char *, CliCommand *) {
     };
     ValueBuffer value(200);
     if (!value)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     for (const auto &[label, field] : FIELDS) {
         cfg_get(value, "/runtime/sys/info/%s", field);
         cli_printf("\n %s: %s\n", label, value.text());

@@ -50,10 +50,6 @@ int refuse_type() {
     return CLI_DONE;
 }
 
-int fail_to_read() {
-    return refuse("Error: fail to allocate memery\n");
-}
-
 void switch_vlan_off() {
     if (cfg_number("/sys/vlan_state") != 1)
         return;
@@ -124,7 +120,7 @@ int delete_admin_pool(CliContext &cli, const char *, CliCommand *) {
 int get_admin_limit_vid(CliContext &, const char *, CliCommand *) {
     ShortValue<10> vid;
     if (cfg_get(vid, "/sys/adminlimit/vlanid") != 0)
-        return fail_to_read();
+        return refuse(FAIL_TO_ALLOCATE);
     if (in_range(vid.text(), 1, 4094) != 0)
         cli_printf("Limited Administration VLAN ID: %d\n", vid.number());
     else
@@ -143,7 +139,7 @@ int get_admin_pool(CliContext &cli, const char *, CliCommand *) {
     if (!start || !end ||
         cfg_get(start, "/sys/adminlimit/ipentry/index:%d/ippoolstart", pool) != 0 ||
         cfg_get(end, "/sys/adminlimit/ipentry/index:%d/ippoolend", pool) != 0)
-        return fail_to_read();
+        return refuse(FAIL_TO_ALLOCATE);
     cli_printf("Limited Administration IP address pool %d: from %s to %s\n", pool, start.text(),
                end.text());
     return CLI_DONE;

@@ -1,6 +1,7 @@
 #include "commands/syslog.h"
 
 #include "commands/address.h"
+#include "commands/fixed_value.h"
 #include "commands/mail_profile.h"
 #include "config/apply.h"
 #include "config/host_command.h"
@@ -248,7 +249,7 @@ int get_syslog(CliContext &, const char *, CliCommand *) {
     LogSettings log{};
     MailSettings mail{};
     if (!log.server || !log.mail_minutes)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     read_settings(log);
     read_settings(mail, log.profile);
     cli_printf("Remote SysLog \tStatus: %s\n", capital_enable_word(log.remote != 0));

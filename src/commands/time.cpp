@@ -42,7 +42,7 @@ void set_time_server_address(const char *address) {
 int show_text_or_none(const char *path, const char *label) {
     ValueBuffer value;
     if (!value)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     cfg_get(value, "%s", path);
     cli_printf("%s: %s\n", label, value.empty() ? "none" : value.text());
     return CLI_DONE;

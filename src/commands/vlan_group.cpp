@@ -1,5 +1,6 @@
 #include "commands/vlan_group.h"
 
+#include "commands/fixed_value.h"
 #include "commands/numbered_list.h"
 #include "config/apply.h"
 #include "config/node_access.h"
@@ -103,7 +104,7 @@ const char *egress_name(int egress) {
 int list_members(const VlanPort &port) {
     ValueBuffer name;
     if (!name)
-        return refuse(" can't alloc memory \n");
+        return refuse(CANT_ALLOC_MEMORY);
     for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
         const int vid = group_vid(entry);
         if (vid == 0)

@@ -52,7 +52,7 @@ int set_web(CliContext &cli, const char *, CliCommand *) {
 int get_web(CliContext &, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     if (cfg_get(value, "%s", WEB_NODE) == 0)
         cli_printf("WEB\tStatus: %s\n", capital_enable_word(value.number() != 0));
     return CLI_DONE;
@@ -68,7 +68,7 @@ int set_assoc_limit_number(CliContext &cli, const char *, CliCommand *) {
 int get_assoc_limit(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer number;
     if (!number)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     const int limited = cfg_number("/wlan/inf:%d/assoc_limit/enable", interface_number(cli));
     cfg_get(number, "/wlan/inf:%d/assoc_limit/number", interface_number(cli));
     cli_printf("ASSOC Limit = %s\n", switch_name(limited));
