@@ -32,7 +32,7 @@ private:
 };
 
 bool may_run(const CommandLine &line) {
-    std::fflush(stdout);
+    flush_output();
     if (!line.is_whole())
         std::fputs("Command line too long.\n", stderr);
     return line.is_whole();

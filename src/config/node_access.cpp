@@ -18,7 +18,7 @@ struct NodePath {
 };
 
 int fail(const char *message) {
-    std::fflush(stdout); // what was printed before stands before it
+    flush_output();
     std::perror(message);
     return -1;
 }

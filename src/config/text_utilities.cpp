@@ -1,9 +1,16 @@
 #include "config/text_utilities.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <cstring>
 #include <limits>
 #include <new>
+
+void flush_output() {
+    const int error = errno;
+    std::fflush(stdout);
+    errno = error;
+}
 
 int decimal_value(const char *text) {
     const long long number = std::strtoll(text, nullptr, 10);

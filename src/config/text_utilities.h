@@ -5,6 +5,10 @@
 #include <cstdio>
 #include <memory>
 
+// Sends what was printed so far on its way, before a message on standard error or a child's own
+// output. Leaves errno as it was.
+void flush_output();
+
 // The plain decimal conversion: leading white space, a sign, digits; what follows is ignored.
 // No digits give 0; values saturate at the limits of int.
 int decimal_value(const char *text);

@@ -1,5 +1,7 @@
 #include "config/xmldb_client.h"
 
+#include "config/text_utilities.h"
+
 #include <cerrno>
 #include <cstdarg>
 #include <cstring>
@@ -57,12 +59,6 @@ int send_pair(const UniqueFd &connection, std::uint16_t action, std::uint32_t fl
     return send_text(connection, action, flags, text) == 0 ? read_status(connection) : -1;
 }
 
-// Standard error, with what was printed before on its way.
-std::FILE *message_stream() {
-    std::fflush(stdout);
-    return stderr;
-}
-
 void wait_readable(int fd) {
     fd_set readable;
     FD_ZERO(&readable);
@@ -75,8 +71,8 @@ void wait_readable(int fd) {
 UniqueFd xmldb_open(const char *socket_path) {
     UniqueFd connection(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     if (!connection) {
-        std::fprintf(message_stream(), "Cound not create unix domain socket: %s.\n",
-                     std::strerror(errno));
+        flush_output();
+        std::fprintf(stderr, "Cound not create unix domain socket: %s.\n", std::strerror(errno));
         return connection;
     }
     sockaddr_un address{};
@@ -86,7 +82,8 @@ UniqueFd xmldb_open(const char *socket_path) {
     if (connect(connection.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) !=
         0) {
         // Shows the argument as passed: nobody names the default.
-        std::fprintf(message_stream(), "Cound not connect to unix socket: %s.\n",
+        flush_output();
+        std::fprintf(stderr, "Cound not connect to unix socket: %s.\n",
                      socket_path != nullptr ? socket_path : "(null)");
         connection.reset();
     }
