@@ -31,13 +31,6 @@ private:
     std::size_t length_ = 0;
 };
 
-void lower(char *word) {
-    for (; *word != '\0'; ++word) {
-        if (*word >= 'A' && *word <= 'Z')
-            *word = static_cast<char>(*word - 'A' + 'a');
-    }
-}
-
 // The rows that a word which names none in full may become: of those that the dispatcher measured,
 // which leaves out what is hidden or locked, the ones with the longest match.
 class Candidates {
@@ -108,9 +101,8 @@ public:
         : cli_(cli), table_(root), completed_(completed) {}
 
     // Follows a word that others follow. False when it names no visible row with a subtable.
-    bool descend(char *word) {
-        lower(word);
-        const CommandMatch match = match_command(cli_, table_, word);
+    bool descend(const char *typed) {
+        const CommandMatch match = match_command(cli_, table_, prepare_word(cli_, typed));
         if (match.row == nullptr || !is_listed(cli_, *match.row) || match.row->subtable == nullptr)
             return false;
         completed_.add_word(match.row->name);
@@ -119,8 +111,8 @@ public:
     }
 
     // Completes the word that the cursor stands behind. False when no row fits.
-    bool complete_last(char *word) {
-        lower(word);
+    bool complete_last(const char *typed) {
+        const std::string_view word = prepare_word(cli_, typed);
         const CommandMatch match = match_command(cli_, table_, word);
         if (match.exact) {
             if (match.row == nullptr || !is_listed(cli_, *match.row))
@@ -186,7 +178,7 @@ bool complete_line(CliContext &cli, CliCommand *root, std::string_view line,
     CompletionWalker walker(cli, root, result);
     bool fits = cli.word_count <= CliContext::RING_SLOTS;
     for (int left = cli.word_count; fits && left > 0; --left) {
-        char *word = arg_next(cli);
+        const char *word = arg_next(cli);
         fits = left == 1 && ends_in_word ? walker.complete_last(word) : walker.descend(word);
     }
     if (fits && !ends_in_word)

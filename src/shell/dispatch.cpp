@@ -106,17 +106,6 @@ CliCommand *innermost_table(const CliContext &cli) {
     return cli.table_stack[static_cast<std::size_t>(cli.depth - 1)];
 }
 
-// Copies a word into the word buffer, lowered, and returns it.
-std::string_view prepare_word(CliContext &cli, const char *word) {
-    std::size_t length = 0;
-    while (word[length] != '\0' && length < CliContext::WORD_BUFFER_SIZE - 1) {
-        cli.word_buffer[length] = lower_ascii(word[length]);
-        ++length;
-    }
-    cli.word_buffer[length] = '\0';
-    return {cli.word_buffer, length};
-}
-
 int report_unknown(CliContext &cli) {
     cli_printf(cli.consumed_count < 2 ? "Unknown command: %s" : "Invalid parameter: %s",
                cli.word_buffer);
@@ -171,6 +160,16 @@ bool name_begins_with(const CliCommand &row, std::string_view word) {
             return false;
     }
     return true;
+}
+
+std::string_view prepare_word(CliContext &cli, const char *word) {
+    std::size_t length = 0;
+    while (word[length] != '\0' && length < CliContext::WORD_BUFFER_SIZE - 1) {
+        cli.word_buffer[length] = lower_ascii(word[length]);
+        ++length;
+    }
+    cli.word_buffer[length] = '\0';
+    return {cli.word_buffer, length};
 }
 
 CommandMatch match_command(const CliContext &cli, CliCommand *table, std::string_view word) {

@@ -24,7 +24,10 @@ bool is_on_band(const CliContext &cli, const CliCommand &row);
 // True when the row's name begins with `word`, ignoring case.
 bool name_begins_with(const CliCommand &row, std::string_view word);
 
-// Matches a lowered word against a table: exactly (ignoring case), else by the longest common
+// Copies a word into the context's word buffer, lowered for matching, and returns it there.
+std::string_view prepare_word(CliContext &cli, const char *word);
+
+// Matches a prepared word against a table: exactly (ignoring case), else by the longest common
 // beginning, ties going to the first row in table order. The latter rewrites every row's match
 // length.
 CommandMatch match_command(const CliContext &cli, CliCommand *table, std::string_view word);
