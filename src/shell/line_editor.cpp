@@ -200,6 +200,7 @@ void LineEditor::move_left(int distance) {
     }
     if (column_ != 0)
         putc_unlocked('\r', out_);
+    // A distance of whole rows ends in the first column, without a row too many.
     const int remaining = distance - column_;
     const int rows = (remaining + TERMINAL_WIDTH - 1) / TERMINAL_WIDTH;
     row_ -= rows;
