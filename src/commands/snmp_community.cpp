@@ -17,12 +17,12 @@ struct FixedCommunity {
 };
 
 constexpr FixedCommunity PUBLIC_COMMUNITY = {
-    "/sys/snmpd/rocomm",
+    SNMP_PUBLIC_COMMUNITY,
     "\nsnmp editpubliccomm        < PublicCommunityString<string> >",
     "Public",
 };
 constexpr FixedCommunity PRIVATE_COMMUNITY = {
-    "/sys/snmpd/rwcomm",
+    SNMP_PRIVATE_COMMUNITY,
     "\nsnmp editprivatecomm        < PrivateCommunityString<string> >",
     "Private",
 };

@@ -10,7 +10,6 @@
 
 namespace {
 
-enum SnmpVersion : std::int32_t { SNMP_V1 = 1, SNMP_V2C, SNMP_V3 };
 enum AuthType : std::int32_t { AUTH_COMMUNITY, AUTH_NOAUTH_NOPRIV, AUTH_NOPRIV, AUTH_PRIV };
 
 constexpr SnmpColumn HOST_ADDRESS = {"hostip"};
@@ -57,8 +56,8 @@ int check_community(const NewHost &host) {
     const ListEnd end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).end;
     if (end == ListEnd::Unreadable)
         return CLI_REFUSED;
-    if (end == ListEnd::Match || is_fixed_community("/sys/snmpd/rwcomm", host.community) ||
-        is_fixed_community("/sys/snmpd/rocomm", host.community))
+    if (end == ListEnd::Match || is_fixed_community(SNMP_PRIVATE_COMMUNITY, host.community) ||
+        is_fixed_community(SNMP_PUBLIC_COMMUNITY, host.community))
         return CLI_DONE;
     return refuse("\n The community doesn't exist !\n");
 }
@@ -134,7 +133,7 @@ int add_snmp_host(CliContext &cli, const char *, CliCommand *) {
         (host.version == SNMP_V3 ? check_user(host) : check_community(host)) != CLI_DONE)
         return CLI_REFUSED;
     write_snmp_row(row, {{"hostip", host.address}, {"secumodel", host.version_word}});
-    cfg_set(host.community, "/sys/snmpd/rocomm"); // also a user's name. Meant so.
+    cfg_set(host.community, SNMP_PUBLIC_COMMUNITY); // also a user's name. Meant so.
     write_snmp_row(row, {{"commorun", host.community}});
     return finish_snmp_change("\nAdd host successfully");
 }
@@ -166,11 +165,11 @@ int send_snmp_trap(CliContext &, const char *, CliCommand *) {
     static constexpr SnmpColumn COLUMNS[] = {HOST_ADDRESS, {"secumodel"}, HOST_COMMUNITY};
     if (!has_snmp_rows(SNMP_HOSTS, "\nThe Host table is empty!! "))
         return CLI_REFUSED;
-    if (cfg_number("/sys/snmpd/status") == 0) {
+    if (cfg_number(SNMP_STATUS) == 0) {
         cli_printf("\nSNMP Agent is suspended. Trap can't be sent out.\n");
         return CLI_DONE;
     }
-    if (cfg_number("/sys/snmptrap/status") == 0) {
+    if (cfg_number(SNMP_TRAP_STATUS) == 0) {
         cli_printf("\nSNMP Trap Status is suspended. Trap can't be sent out.\n");
         return CLI_DONE;
     }

@@ -1,4 +1,4 @@
-// The tables of the SNMP agent, and what the commands on users, groups, views, hosts and
+// The nodes and tables of the SNMP agent, and what the commands on users, groups, views, hosts and
 // communities do alike.
 #pragma once
 
@@ -6,8 +6,18 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <initializer_list>
 #include <span>
+
+// Nodes beside the tables.
+inline constexpr char SNMP_STATUS[] = "/sys/snmpd/status";
+inline constexpr char SNMP_TRAP_STATUS[] = "/sys/snmptrap/status";
+inline constexpr char SNMP_PUBLIC_COMMUNITY[] = "/sys/snmpd/rocomm";
+inline constexpr char SNMP_PRIVATE_COMMUNITY[] = "/sys/snmpd/rwcomm";
+
+// The version of a host's traps, as its row holds it.
+enum SnmpVersion : std::int32_t { SNMP_V1 = 1, SNMP_V2C, SNMP_V3 };
 
 // A table below "/sys/snmpd": rows numbered from 1 with a node for each column. A row is in use
 // while its name is not empty. The database keeps the rows dense, so the first empty row is the

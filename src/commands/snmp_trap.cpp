@@ -1,14 +1,11 @@
 #include "commands/snmp_trap.h"
 
-#include "commands/snmp_table.h"
 #include "shell/args.h"
 #include "shell/output.h"
 
 #include <cstring>
 
 namespace {
-
-constexpr char TRAP_STATUS[] = "/sys/snmptrap/status";
 
 // The trap server is the first row of the host table.
 constexpr char TRAP_SERVER[] = "/sys/snmpd/hostip:1";
@@ -35,9 +32,9 @@ int set_snmp_trap(CliContext &cli, const char *, CliCommand *) {
     const char *status = arg_peek(cli, 0);
     // Whatever the word goes on with.
     if (begins_with(status, "enable"))
-        cfg_set("1", TRAP_STATUS);
+        cfg_set("1", SNMP_TRAP_STATUS);
     else if (begins_with(status, "disable"))
-        cfg_set("0", TRAP_STATUS);
+        cfg_set("0", SNMP_TRAP_STATUS);
     else
         return refuse(USAGE);
     cli_printf("\nSNMP Trap Status: %s\n", status);
@@ -67,7 +64,7 @@ int set_snmp_trap_version(CliContext &cli, const char *, CliCommand *) {
                       "(1:SNMPv1 / 2:SNMPv2 / 3:SNMPv3) >\n");
     const int version = decimal_value(arg_peek(cli, 0));
     // Version 3 is offered, but changes nothing. Meant so.
-    if (version == 1 || version == 2) {
+    if (version == SNMP_V1 || version == SNMP_V2C) {
         cfg_set_number(version, TRAP_VERSION);
         cli_printf("SNMP Trap Version: SNMPv%d\n", version);
     }
@@ -79,7 +76,7 @@ int set_snmp_trap_version(CliContext &cli, const char *, CliCommand *) {
 int show_snmp_trap(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 0)
         return CLI_DONE;
-    const int status = cfg_number(TRAP_STATUS);
+    const int status = cfg_number(SNMP_TRAP_STATUS);
     if (status == 0 || status == 1)
         cli_printf("SNMP Trap Status: %s.\n", enable_word(status == 1));
     return CLI_DONE;
@@ -99,7 +96,7 @@ int show_snmp_trap_server(CliContext &cli, const char *, CliCommand *) {
 
 int show_snmp_trap_version(CliContext &, const char *, CliCommand *) {
     const int version = cfg_number(TRAP_VERSION);
-    if (version >= 1 && version <= 3)
+    if (version >= SNMP_V1 && version <= SNMP_V3)
         cli_printf("SNMP Trap Version: SNMPv%d\n", version);
     return CLI_DONE;
 }
@@ -111,7 +108,7 @@ int set_snmp_auth_trap(CliContext &cli, const char *, CliCommand *) {
     const bool on = std::strcmp(status, "enable") == 0;
     if (!on && std::strcmp(status, "disable") != 0)
         return refuse("\nInvalid Status!!\n");
-    if (cfg_set(on ? "1" : "0", TRAP_STATUS) != 0)
+    if (cfg_set(on ? "1" : "0", SNMP_TRAP_STATUS) != 0)
         return refuse("\nUnable to set %s!\n", status);
     return finish_snmp_change(on ? "\nSet to enable successfully!"
                                  : "\nSet to disable successfully!");

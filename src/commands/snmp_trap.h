@@ -2,6 +2,7 @@
 #pragma once
 
 #include "commands/fixed_value.h"
+#include "commands/snmp_table.h"
 #include "config/apply.h"
 
 // The setters take one word and refuse other counts with their usage.
@@ -29,13 +30,12 @@ const char *snmp_agent_state_name(int number);
 
 inline constexpr auto snmp_trap_snmp_rows = command_rows({
     {"status", "Display SNMP agent status",
-     show_name<"/sys/snmpd/status", "SNMP Agent Status: %s.\n", snmp_agent_state_name,
-               NO_ENOUGH_MEMORY>},
+     show_name<SNMP_STATUS, "SNMP Agent Status: %s.\n", snmp_agent_state_name, NO_ENOUGH_MEMORY>},
     {"suspend", "Suspend SNMP agent",
-     write_fixed<"/sys/snmpd/status", "0", APPLY_SNMP,
+     write_fixed<SNMP_STATUS, "0", APPLY_SNMP,
                  "SNMP Agent Status: Suspended.\nPlease set apply to take effect\n">},
     {"resume", "Resume SNMP agent",
-     write_fixed<"/sys/snmpd/status", "1", APPLY_SNMP,
+     write_fixed<SNMP_STATUS, "1", APPLY_SNMP,
                  "SNMP Agent Status: Resume.\nPlease set apply to take effect\n">},
     {"settrap", "Set SNMP trap status", set_snmp_trap},
     {"settrapServerIp", "Set SNMP trap server ip", set_snmp_trap_server},

@@ -192,7 +192,7 @@ bool print_view(const SnmpRow &row) {
 // False when the agent's status cannot be read, or its file cannot be opened although it runs.
 bool show_engine_id(ValueBuffer &text) {
     CutSnmpText status;
-    if (cfg_get(status, "/sys/snmpd/status") != 0)
+    if (cfg_get(status, SNMP_STATUS) != 0)
         return false;
     if (status.number() != 1) {
         print_lines({"\nSNMP Agent Status is Suspended.", "EngineID is invalid"});
