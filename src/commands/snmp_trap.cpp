@@ -11,10 +11,6 @@ namespace {
 constexpr char TRAP_SERVER[] = "/sys/snmpd/hostip:1";
 constexpr char TRAP_VERSION[] = "/sys/snmpd/secumodel:1";
 
-void ask_for_apply() {
-    cli_printf("Please set apply to take effect\n");
-}
-
 bool begins_with(const char *word, const char *beginning) {
     return std::strncmp(word, beginning, std::strlen(beginning)) == 0;
 }
@@ -69,7 +65,7 @@ int set_snmp_trap_version(CliContext &cli, const char *, CliCommand *) {
         cli_printf("SNMP Trap Version: SNMPv%d\n", version);
     }
     pending_apply |= APPLY_SNMP;
-    ask_for_apply();
+    cli_printf("%s", PLEASE_APPLY.text);
     return CLI_DONE;
 }
 

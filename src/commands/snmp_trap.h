@@ -28,15 +28,17 @@ int set_snmp_auth_trap(CliContext &cli, const char *word, CliCommand *subtable);
 // "Suspended" for 0, else "Active".
 const char *snmp_agent_state_name(int number);
 
+inline constexpr FixedText PLEASE_APPLY("Please set apply to take effect\n");
+
 inline constexpr auto snmp_trap_snmp_rows = command_rows({
     {"status", "Display SNMP agent status",
      show_name<SNMP_STATUS, "SNMP Agent Status: %s.\n", snmp_agent_state_name, NO_ENOUGH_MEMORY>},
     {"suspend", "Suspend SNMP agent",
      write_fixed<SNMP_STATUS, "0", APPLY_SNMP,
-                 "SNMP Agent Status: Suspended.\nPlease set apply to take effect\n">},
+                 FixedText("SNMP Agent Status: Suspended.\n") + PLEASE_APPLY>},
     {"resume", "Resume SNMP agent",
      write_fixed<SNMP_STATUS, "1", APPLY_SNMP,
-                 "SNMP Agent Status: Resume.\nPlease set apply to take effect\n">},
+                 FixedText("SNMP Agent Status: Resume.\n") + PLEASE_APPLY>},
     {"settrap", "Set SNMP trap status", set_snmp_trap},
     {"settrapServerIp", "Set SNMP trap server ip", set_snmp_trap_server},
     {"settrapVersion", "Set SNMP trap version", set_snmp_trap_version},
