@@ -79,13 +79,20 @@ int check_user(const NewHost &host) {
         return CLI_REFUSED;
     if (user.end != ListEnd::Match)
         return CLI_DONE;
-    const bool no_auth = host.auth >= AUTH_NOPRIV && seems_off("authprotocol", user.index);
-    if (no_auth && host.auth == AUTH_NOPRIV)
-        return refuse("\n The specified user does seting AuthProtocol!\n");
-    if (no_auth)
-        return refuse("\n The specified user does not set authentication protocol!\n");
-    if (host.auth == AUTH_PRIV && seems_off("privprotocol", user.index))
-        return refuse("\n The specified user does not set privacy protocol!\n");
+    switch (host.auth) {
+    case AUTH_NOPRIV:
+        if (seems_off("authprotocol", user.index))
+            return refuse("\n The specified user does seting AuthProtocol!\n");
+        break;
+    case AUTH_PRIV:
+        if (seems_off("authprotocol", user.index))
+            return refuse("\n The specified user does not set authentication protocol!\n");
+        if (seems_off("privprotocol", user.index))
+            return refuse("\n The specified user does not set privacy protocol!\n");
+        break;
+    default:
+        break;
+    }
     return refuse("\n The user doesn't exist !\n");
 }
 
