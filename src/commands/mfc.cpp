@@ -1,6 +1,5 @@
 #include "commands/mfc.h"
 
-#include "config/host_command.h"
 #include "shell/args.h"
 #include "shell/output.h"
 
@@ -9,10 +8,7 @@ namespace {
 // Runs a command line of the tool and prints its answer as a line.
 template <class... Values>
 int print_answer(CommandFormat<std::type_identity_t<Values>...> command, const Values &...values) {
-    ShortValue<1023> answer;
-    cmd_capture(answer, command, values...);
-    print_lines({answer.text()});
-    return CLI_DONE;
+    return show_answer<"%s\n", 1023>(command, values...);
 }
 
 // The n-th word, which the count of words has shown to be there.
@@ -85,19 +81,12 @@ int set_mac_address(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 1)
         return refuse_word_count(cli, "set mac xx:xx:xx:xx:xx:xx!");
     const ShellWord mac = word_at(cli, 0);
-    ShortValue<255> answer;
-    cmd_capture(answer, "mfc setwanmac %s", mac);
-    cli_printf("%s", answer.text());
-    cmd_capture(answer, "mfc setlanmac %s", mac);
-    cli_printf("%s\n", answer.text());
-    return CLI_DONE;
+    show_answer<"%s", 255>("mfc setwanmac %s", mac);
+    return show_answer<"%s\n", 255>("mfc setlanmac %s", mac);
 }
 
 int set_hardware_revision(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 1)
         return refuse_word_count(cli, "set hwrev <version>!");
-    ShortValue<255> answer;
-    cmd_capture(answer, "mfc sethwrev %s", word_at(cli, 0));
-    cli_printf("%s\n", answer.text());
-    return CLI_DONE;
+    return show_answer<"%s\n", 255>("mfc sethwrev %s", word_at(cli, 0));
 }

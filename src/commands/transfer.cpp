@@ -1,6 +1,6 @@
 #include "commands/transfer.h"
 
-#include "config/host_command.h"
+#include "commands/tool_output.h"
 #include "config/unique_fd.h"
 #include "shell/args.h"
 #include "shell/output.h"
@@ -11,13 +11,11 @@
 namespace {
 
 // What is kept of a tool's output.
-using ToolOutput = ShortValue<255>;
+constexpr std::size_t OUTPUT_LIMIT = 255;
+using ToolOutput = ShortValue<OUTPUT_LIMIT>;
 
 using TftpCommand = CommandFormat<ShellWord, CommandValue>;                      // file, host
 using FtpCommand = CommandFormat<ShellWord, ShellWord, CommandValue, ShellWord>; // account first
-
-constexpr char GET_XML_USAGE[] = "tftp getxmlconfig [config file name] [host IP Address]";
-constexpr char PUT_XML_USAGE[] = "tftp putxmlconfig [config file name] [host IP Address]";
 
 // Takes the host's word and puts its address into `text`. A bad one is told, with `usage` if there
 // is any, and stands as "(null)" in the command line, which is run nevertheless. Meant so.
@@ -39,10 +37,7 @@ int run_tftp(CliContext &cli, const char *usage, const char *host_usage, TftpCom
     const ShellWord file(arg_next(cli));
     Ipv4Text host_text{};
     const CommandValue host = take_host(cli, host_text, host_usage);
-    ToolOutput output;
-    cmd_capture(output, command, file, host);
-    cli_printf("%s", output.text());
-    return CLI_DONE;
+    return show_answer<"%s", OUTPUT_LIMIT>(command, file, host);
 }
 
 int run_ftp(CliContext &cli, const char *usage, FtpCommand command) {
@@ -53,10 +48,7 @@ int run_ftp(CliContext &cli, const char *usage, FtpCommand command) {
     const CommandValue host = take_host(cli, host_text, usage);
     const ShellWord user(arg_next(cli));
     const ShellWord password(arg_next(cli));
-    ToolOutput output;
-    cmd_capture(output, command, user, password, host, file);
-    cli_printf("%s", output.text());
-    return CLI_DONE;
+    return show_answer<"%s", OUTPUT_LIMIT>(command, user, password, host, file);
 }
 
 void remove_from_tmp(ShellWord file) {
@@ -93,11 +85,12 @@ int tftp_put_config(CliContext &cli, const char *, CliCommand *) {
 }
 
 int tftp_put_xml_config(CliContext &cli, const char *, CliCommand *) {
+    static constexpr char USAGE[] = "tftp putxmlconfig [config file name] [host IP Address]";
     if (arg_count(cli) != 2)
-        return refuse("%s\n", PUT_XML_USAGE);
+        return refuse("%s\n", USAGE);
     const ShellWord file(arg_next(cli));
     Ipv4Text host_text{};
-    const CommandValue host = take_host(cli, host_text, PUT_XML_USAGE);
+    const CommandValue host = take_host(cli, host_text, USAGE);
     ToolOutput unseen;
     cmd_capture(unseen, "rgdb -D /tmp/%s ", file);
     cmd_capture(unseen, "tftp -p -r %s -l /tmp/%s %s ", file, file, host);
@@ -107,7 +100,7 @@ int tftp_put_xml_config(CliContext &cli, const char *, CliCommand *) {
 
 int tftp_get_xml_config(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 2)
-        return refuse("%s\n", GET_XML_USAGE);
+        return refuse("tftp getxmlconfig [config file name] [host IP Address]\n");
     const ShellWord file(arg_next(cli));
     std::uint32_t address = 0;
     if (arg_ipv4(cli, address) == 0)
