@@ -13,7 +13,6 @@
 namespace {
 
 constexpr std::size_t ARRAY_NAME_LIMIT = 32;
-constexpr std::size_t ARRAY_PASSWORD_LIMIT = 64;
 
 const char *role_name(int role) {
     switch (role) {
@@ -59,17 +58,6 @@ int set_array_name(CliContext &cli, const char *, CliCommand *) {
     if (std::strlen(name) > ARRAY_NAME_LIMIT)
         return refuse("No arrayname!\n");
     cfg_set(name, "/wlan/inf:1/arrayname");
-    pending_apply |= APPLY_NEAPC;
-    return CLI_DONE;
-}
-
-int set_array_password(CliContext &cli, const char *, CliCommand *) {
-    if (arg_count(cli) != 1)
-        return refuse("ERROR: Unable to set arraypassword.\n");
-    const char *password = arg_next(cli);
-    if (std::strlen(password) > ARRAY_PASSWORD_LIMIT)
-        return refuse("arraypassword too long.\nERROR: Unable to set arraypassword.\n");
-    cfg_set(password, "/wlan/inf:1/aparray_password");
     pending_apply |= APPLY_NEAPC;
     return CLI_DONE;
 }

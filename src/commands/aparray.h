@@ -3,14 +3,12 @@
 
 #include "commands/array_sync_rows.h"
 #include "commands/fixed_value.h"
+#include "commands/value_rule.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
 // A name of at most 32 characters, further words ignored. Echoes it, also when it then refuses it.
 int set_array_name(CliContext &cli, const char *word, CliCommand *subtable);
-
-// One word of at most 64 characters; refuses anything else, and says so.
-int set_array_password(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Shows the role that is configured and the one that is run. Returns 0; or -1 after
 // " can't alloc memory ", as get_array_sync does.
@@ -20,6 +18,13 @@ int get_array_role(CliContext &cli, const char *word, CliCommand *subtable);
 int enable_array_sync(CliContext &cli, const char *word, CliCommand *subtable);
 int disable_array_sync(CliContext &cli, const char *word, CliCommand *subtable);
 int get_array_sync(CliContext &cli, const char *word, CliCommand *subtable);
+
+inline constexpr ValueSetter ARRAY_PASSWORD{
+    .path = "/wlan/inf:1/aparray_password",
+    .rule = {ValueKind::Text, 0, 64, "arraypassword too long.\n"},
+    .apply_bits = APPLY_NEAPC,
+    .error_line = "ERROR: Unable to set arraypassword.\n",
+};
 
 inline constinit auto aparray_state_rows = command_table({
     {"enable", "enable arraystate",
@@ -47,7 +52,7 @@ inline constinit auto array_sync_disable_rows =
 inline constexpr auto aparray_set_rows = command_rows({
     {"aparray-state", "Set  AP Array state", dispatch_subtable, aparray_state_rows.data()},
     {"arrayname", "Set AP Array arrayname", set_array_name},
-    {"arraypassword", "Set  AP Array password", set_array_password},
+    {"arraypassword", "Set  AP Array password", set_value<ARRAY_PASSWORD>},
     {"arrayrole", "Set AP Array role[master:1, backup master:2, slaver:3]", dispatch_subtable,
      array_role_rows.data()},
     {"array_syncnode_enable", "set array_syncnode enable", dispatch_subtable,

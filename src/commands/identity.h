@@ -2,15 +2,25 @@
 #pragma once
 
 #include "commands/tool_output.h"
+#include "commands/value_rule.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
 // The four version fields. Returns 0; or -1 after "memory error!".
 int get_runtime(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Take one word of at most 32 characters; refuse anything else, and say so.
-int set_location(CliContext &cli, const char *word, CliCommand *subtable);
-int set_system_name(CliContext &cli, const char *word, CliCommand *subtable);
+inline constexpr ValueSetter LOCATION{
+    .path = "/sys/systemLocation",
+    .rule = {ValueKind::Text, 0, 32, " Location Data too long.\n"},
+    .apply_bits = APPLY_WAN,
+    .error_line = "ERROR: Unable to set Location Data.\n",
+};
+inline constexpr ValueSetter SYSTEM_NAME{
+    .path = "/sys/systemname",
+    .rule = {ValueKind::Text, 0, 32, " Name too long.\n"},
+    .apply_bits = APPLY_WAN,
+    .error_line = "ERROR: Unable to set system Name.\n",
+};
 
 // `version` and `mem`.
 inline constexpr CliHandler *show_version =
@@ -26,8 +36,8 @@ inline constinit auto ping_control_rows = command_table({
 });
 
 inline constexpr auto identity_set_rows = command_rows({
-    {"location", "Set Location Data", set_location},
-    {"systemname", "Set System Name", set_system_name},
+    {"location", "Set Location Data", set_value<LOCATION>},
+    {"systemname", "Set System Name", set_value<SYSTEM_NAME>},
     {"pingctl", "Set Ping Control", dispatch_subtable, ping_control_rows.data()},
 });
 

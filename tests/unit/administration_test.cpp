@@ -124,7 +124,7 @@ TEST(Administration, GoesOnAfterFailedWrites) {
          APPLY_WAN,
          {"/etc/scripts/misc/profile.sh put", "sh /etc/templates/timezones.sh",
           "sh /etc/templates/ntp.sh start"}},
-        {set_location, "hall", "", APPLY_WAN, {}},
+        {set_value<LOCATION>, "hall", "", APPLY_WAN, {}},
         {set_assoc_limit_number, "0", "", APPLY_WLAN, {}},
         {set_testlog, "count 0", "\nUnable to set syslog count!\n", APPLY_WAN, {}},
         {set_web, "enable", "\nUnable to set enable!\n", 0, {}},
