@@ -6,7 +6,6 @@
 #include "shell/output.h"
 
 #include <arpa/inet.h>
-#include <cstdio>
 #include <string_view>
 
 namespace {
@@ -143,6 +142,9 @@ int switch_rule(CliContext &cli, const char *command, const char *state) {
 class RuleField {
 public:
     RuleField(int rule, const char *field) { cfg_get(text_, "/qos/rule/index:%d/%s", rule, field); }
+    RuleField(int rule, int host, const char *field) {
+        cfg_get(text_, "/qos/rule/index:%d/host%d/%s", rule, host, field);
+    }
 
     [[nodiscard]] const char *text() const { return text_.text(); }
     [[nodiscard]] bool empty() const { return text_.empty(); }
@@ -154,15 +156,11 @@ private:
 };
 
 void print_host(int rule, int host) {
-    char field[sizeof "host1/startport"];
-    const auto read = [&](const char *name) {
-        std::snprintf(field, sizeof field, "host%d/%s", host, name);
-        return RuleField(rule, field);
-    };
-    cli_printf("    Host %d IP Address (Port): %s~", host, read("startip").text_or_any());
-    cli_printf("%s(", read("endip").text_or_any());
-    cli_printf("%s~", read("startport").text_or_any());
-    cli_printf("%s)\n", read("endport").text_or_any());
+    cli_printf("    Host %d IP Address (Port): %s~", host,
+               RuleField(rule, host, "startip").text_or_any());
+    cli_printf("%s(", RuleField(rule, host, "endip").text_or_any());
+    cli_printf("%s~", RuleField(rule, host, "startport").text_or_any());
+    cli_printf("%s)\n", RuleField(rule, host, "endport").text_or_any());
 }
 
 void print_rule(int rule, const RuleField &name) {
