@@ -16,7 +16,7 @@
 namespace {
 
 // What a keyword takes.
-enum class ValueRule {
+enum class LogValue {
     Text,    // anything
     Address, // an IPv4 address
     Switch,  // 0 or 1
@@ -27,31 +27,31 @@ enum class ValueRule {
 
 struct LogKeyword {
     const char *word;
-    ValueRule rule;
+    LogValue kind;
     const char *node;    // the node's path, or the name of a field of the mail profile in use
     const char *subject; // what the messages call it
 
-    [[nodiscard]] bool is_mail_field() const { return rule != ValueRule::Nothing && *node != '/'; }
+    [[nodiscard]] bool is_mail_field() const { return kind != LogValue::Nothing && *node != '/'; }
 };
 
 constexpr LogKeyword KEYWORDS[] = {
-    {"remoteip", ValueRule::Address, "/sys/log/logserver", "Log Server IP"},
-    {"system", ValueRule::Switch, "/security/log/apsystemInfo", "Log system"},
-    {"wireless", ValueRule::Switch, "/security/log/WirelessInfo", "Log wireless"},
-    {"notice", ValueRule::Switch, "/security/log/apnoticeInfo", "Log notice"},
-    {"smtp", ValueRule::Switch, "/security/log/smtpInfo", "SMTP"},
-    {"smtpindex", ValueRule::Profile, MAIL_PROFILE_NODE, "SMTP index"},
-    {"smtpsvrip", ValueRule::Address, "mailserver", "SMTP mail Server IP"},
-    {"smtptime", ValueRule::Period, "/sys/log/timemail", "SMTP mail time"},
-    {"fromemail", ValueRule::Text, "fromemail", "SMTP email address"},
-    {"toemail", ValueRule::Text, "toemail", "SMTP email address"},
-    {"username", ValueRule::Text, "username", "SMTP account name"},
-    {"password", ValueRule::Text, "pass1", "SMTP email password"},
-    {"mailport", ValueRule::Text, "mailport", "SMTP email port"},
-    {"ssl", ValueRule::Switch, "ssl", "SMTP SSL"},
-    {"remote", ValueRule::Switch, "/security/log/remoteInfo", "Remote Log"},
-    {"clear", ValueRule::Nothing, nullptr, nullptr},
-    {"login", ValueRule::Switch, "authtype", "SMTP auth"},
+    {"remoteip", LogValue::Address, "/sys/log/logserver", "Log Server IP"},
+    {"system", LogValue::Switch, "/security/log/apsystemInfo", "Log system"},
+    {"wireless", LogValue::Switch, "/security/log/WirelessInfo", "Log wireless"},
+    {"notice", LogValue::Switch, "/security/log/apnoticeInfo", "Log notice"},
+    {"smtp", LogValue::Switch, "/security/log/smtpInfo", "SMTP"},
+    {"smtpindex", LogValue::Profile, MAIL_PROFILE_NODE, "SMTP index"},
+    {"smtpsvrip", LogValue::Address, "mailserver", "SMTP mail Server IP"},
+    {"smtptime", LogValue::Period, "/sys/log/timemail", "SMTP mail time"},
+    {"fromemail", LogValue::Text, "fromemail", "SMTP email address"},
+    {"toemail", LogValue::Text, "toemail", "SMTP email address"},
+    {"username", LogValue::Text, "username", "SMTP account name"},
+    {"password", LogValue::Text, "pass1", "SMTP email password"},
+    {"mailport", LogValue::Text, "mailport", "SMTP email port"},
+    {"ssl", LogValue::Switch, "ssl", "SMTP SSL"},
+    {"remote", LogValue::Switch, "/security/log/remoteInfo", "Remote Log"},
+    {"clear", LogValue::Nothing, nullptr, nullptr},
+    {"login", LogValue::Switch, "authtype", "SMTP auth"},
 };
 
 constexpr int MAX_PERIOD = 48; // a day
@@ -86,10 +86,10 @@ void print_periods() {
 // How the messages about a keyword with states go on.
 const char *state_phrase(const LogKeyword &keyword, const char *value) {
     const bool is_one = *value == '1';
-    switch (keyword.rule) {
-    case ValueRule::Switch:
+    switch (keyword.kind) {
+    case LogValue::Switch:
         return is_one ? " state to enable" : " state to disable";
-    case ValueRule::Profile: // worded like a switch, with the first profile as off. Meant so.
+    case LogValue::Profile: // worded like a switch, with the first profile as off. Meant so.
         return is_one ? " state to disable" : " state to enable";
     default:
         return "";
@@ -105,7 +105,7 @@ void write_value(const LogKeyword &keyword, int profile, const char *value) {
         return;
     }
     save_configuration();
-    if (keyword.rule != ValueRule::Profile)
+    if (keyword.kind != LogValue::Profile)
         cli_printf("\nSet %s%s successfully!\n", keyword.subject, state);
 }
 
@@ -125,12 +125,12 @@ void clear_log() {
 }
 
 void handle_keyword(const LogKeyword &keyword, int profile, const char *value) {
-    if (keyword.rule == ValueRule::Nothing)
+    if (keyword.kind == LogValue::Nothing)
         clear_log();
-    else if (keyword.rule == ValueRule::Period)
+    else if (keyword.kind == LogValue::Period)
         write_period(keyword, value);
-    else if ((keyword.rule == ValueRule::Switch && !is_digit_in(value, '0', '1')) ||
-             (keyword.rule == ValueRule::Profile && !is_digit_in(value, '1', '3')))
+    else if ((keyword.kind == LogValue::Switch && !is_digit_in(value, '0', '1')) ||
+             (keyword.kind == LogValue::Profile && !is_digit_in(value, '1', '3')))
         cli_printf("\nInvalid Status!!\n");
     else
         write_value(keyword, profile, value);
@@ -157,14 +157,14 @@ void print_profile(int profile) {
 }
 
 struct LogSettings {
-    ValueBuffer server{};
-    ValueBuffer mail_minutes{};
-    int remote;
-    int system;
-    int wireless;
-    int notice;
-    int mail;
-    int profile;
+    ValueBuffer server;
+    ValueBuffer mail_minutes;
+    int remote = 0;
+    int system = 0;
+    int wireless = 0;
+    int notice = 0;
+    int mail = 0;
+    int profile = 0;
 };
 
 struct MailSettings {
@@ -187,7 +187,7 @@ void read_settings(LogSettings &log) {
     cfg_number("/security/log/loglevel"); // not shown
     log.mail = cfg_number("/security/log/smtpInfo");
     cfg_get(log.mail_minutes, "/sys/log/timemail");
-    log.profile = cfg_number("%s", MAIL_PROFILE_NODE);
+    log.profile = cfg_number(MAIL_PROFILE_NODE);
 }
 
 void read_settings(MailSettings &mail, int profile) {
@@ -219,10 +219,11 @@ int set_syslog(CliContext &cli, const char *, CliCommand *) {
     const char *value = arg_next(cli);
     if (keyword == nullptr)
         return refuse("\nInvalid Status!!\n");
-    const int profile = keyword->is_mail_field() ? cfg_number("%s", MAIL_PROFILE_NODE) : 1;
+    // Where no profile is written to, any will do.
+    const int profile = keyword->is_mail_field() ? cfg_number(MAIL_PROFILE_NODE) : 1;
     if (!is_profile(profile))
         return CLI_REFUSED; // without a word. Meant so.
-    if (keyword->rule == ValueRule::Address && !is_address(value))
+    if (keyword->kind == LogValue::Address && !is_address(value))
         return refuse("\nPlease input correct IP address!\n");
     handle_keyword(*keyword, profile, value);
     reset_first_rekey();
@@ -246,8 +247,8 @@ int set_testlog(CliContext &cli, const char *, CliCommand *) {
 }
 
 int get_syslog(CliContext &, const char *, CliCommand *) {
-    LogSettings log{};
-    MailSettings mail{};
+    LogSettings log;
+    MailSettings mail;
     if (!log.server || !log.mail_minutes)
         return refuse(MEMORY_ERROR);
     read_settings(log);
