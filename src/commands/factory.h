@@ -8,8 +8,8 @@ int set_factory_default(CliContext &cli, const char *word, CliCommand *subtable)
 
 // `isfactorydefault`: loads the factory settings to compare a save of them with one of the running
 // settings, then puts those back and saves them. Prints the verdict; or returns -1 after "memory
-// error!" or "Can't open configuration file". Only the first 10240 bytes of a save
-// are known and put back.
+// error!" or "Can't open configuration file". Only the first 10240 bytes of a save are known and
+// put back.
 int compare_with_factory(CliContext &cli, const char *word, CliCommand *subtable);
 
 inline constexpr auto factory_set_rows = command_rows({
