@@ -139,7 +139,7 @@ int get_available_channels(CliContext &, const char *, CliCommand *) {
 }
 
 int set_country(CliContext &, const char *, CliCommand *) {
-    const Country &country = SETTABLE_COUNTRIES[current_command - country_rows.data()];
+    const Country &country = typed_item(SETTABLE_COUNTRIES, country_rows);
     run_command("mfc setcountrycode %d", country.code);
     cfg_set_number(country.code, "/runtime/layout/countrycode");
     pending_apply |= APPLY_WLAN;

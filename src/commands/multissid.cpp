@@ -49,8 +49,7 @@ int enable_multi_ssid(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
-    const SlotAuthentication &type =
-        SLOT_AUTHENTICATIONS[current_command - multi_authentication_rows.data()];
+    const SlotAuthentication &type = typed_item(SLOT_AUTHENTICATIONS, multi_authentication_rows);
     Slot slot{};
     if (!take_only_slot(cli, slot,
                         "Wrong input parameters. Please input Authentication Type and specify the "
@@ -63,7 +62,7 @@ int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
-    const SlotCipher &cipher = SLOT_CIPHERS[current_command - multi_cipher_rows.data()];
+    const SlotCipher &cipher = typed_item(SLOT_CIPHERS, multi_cipher_rows);
     Slot slot{};
     if (!take_cipher_slot(cli, slot))
         return CLI_DONE;

@@ -92,7 +92,7 @@ int set_cwm_auto(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_wireless_mode(CliContext &, const char *, CliCommand *) {
-    const WirelessMode &mode = WIRELESS_MODES[current_command - wireless_mode_rows.data()];
+    const WirelessMode &mode = typed_item(WIRELESS_MODES, wireless_mode_rows);
     cfg_set_number(mode.value, "/wlan/inf:1/wlmode");
     pending_apply |= APPLY_WLAN;
     return CLI_DONE;

@@ -176,7 +176,7 @@ const char *cipher_line(int cipher) {
 // The tool's writes bypass the array's bookkeeping, unlike the fix-up's. Meant so.
 
 int set_authentication(CliContext &cli, const char *, CliCommand *) {
-    const int type = AUTHENTICATION_TYPES[current_command - authentication_rows.data()].value;
+    const int type = typed_item(AUTHENTICATION_TYPES, authentication_rows).value;
     // Only a fix-up that found no way stops here; one that ran out of memory does not. Meant so.
     if (security_check(SecurityChange::Authentication, type) != 0 &&
         security_fixup(cli, SecurityChange::Authentication, type) == 0)
@@ -187,7 +187,7 @@ int set_authentication(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_cipher(CliContext &cli, const char *, CliCommand *) {
-    const int cipher = CIPHERS[current_command - cipher_rows.data()].value;
+    const int cipher = typed_item(CIPHERS, cipher_rows).value;
     if (security_check(SecurityChange::Cipher, cipher) != 0)
         return CLI_DONE;
     run_command("rgdb -s /wlan/inf:%d/wpa/wepmode %d", interface_number(cli), cipher);

@@ -103,12 +103,17 @@ consteval CommandTable<N> command_table(const CliCommand (&rows)[N]) {
     return join_rows(command_rows(rows));
 }
 
-// A table with one row for every item of `items`, as `make_row` makes it. Its handler finds the
-// item behind the row that was typed by current_command's place in the table.
+// A table with one row for every item of `items`, as `make_row` makes it.
 template <class Item, std::size_t N, class MakeRow>
 consteval CommandTable<N> command_table_of(const Item (&items)[N], MakeRow make_row) {
     std::array<CliCommand, N> rows{};
     for (std::size_t row = 0; row < N; ++row)
         rows[row] = make_row(items[row]);
     return join_rows(rows);
+}
+
+// The item behind the row that was typed, in the table that command_table_of made of `items`.
+template <class Item, std::size_t N>
+const Item &typed_item(const Item (&items)[N], const CommandTable<N> &table) {
+    return items[current_command - table.data()];
 }
