@@ -47,6 +47,14 @@ int only_key(const CliContext &cli) {
     return is_key_index(index) ? index : NO_KEY;
 }
 
+// The same, NO_KEY after WEP_KEY_OUT_OF_RANGE.
+int displayed_key(const CliContext &cli) {
+    const int index = only_key(cli);
+    if (index == NO_KEY)
+        cli_printf(WEP_KEY_OUT_OF_RANGE);
+    return index;
+}
+
 bool is_default_key(int index) {
     return cfg_number("/wlan/inf:1/defkey") == index;
 }
@@ -183,29 +191,23 @@ int set_default_key(CliContext &cli, const char *, CliCommand *) {
 }
 
 int get_key(CliContext &cli, const char *, CliCommand *) {
-    const int index = only_key(cli);
-    if (index == NO_KEY)
-        cli_printf(WEP_KEY_OUT_OF_RANGE);
-    else
+    const int index = displayed_key(cli);
+    if (index != NO_KEY)
         run_command("rgdb -g /wlan/inf:%d/wepkey:%d", interface_number(cli), index);
     return CLI_DONE;
 }
 
 int get_key_length(CliContext &cli, const char *, CliCommand *) {
-    const int index = only_key(cli);
-    if (index == NO_KEY)
-        cli_printf(WEP_KEY_OUT_OF_RANGE);
-    else
+    const int index = displayed_key(cli);
+    if (index != NO_KEY)
         run_command("rgdb -g /wlan/inf:1/wepkey:%d/keylength", index);
     return CLI_DONE;
 }
 
 int get_key_format(CliContext &cli, const char *, CliCommand *) {
-    const int index = only_key(cli);
-    if (index == NO_KEY) {
-        cli_printf(WEP_KEY_OUT_OF_RANGE);
+    const int index = displayed_key(cli);
+    if (index == NO_KEY)
         return CLI_DONE;
-    }
     const int format = cfg_number("/wlan/inf:1/wepkey:%d/keyformat", index);
     if (const char *name = key_format_name(format))
         cli_printf("%s\n", name);

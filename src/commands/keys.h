@@ -95,6 +95,8 @@ int set_key(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Word KEY. Clears it, and makes it one of 64 bits in hexadecimal digits.
 int delete_key(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Word KEY. Makes it the default key, with its length and format.
 int set_default_key(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Word KEY; anything else is told. The first two let the database's tool print.
