@@ -1,5 +1,6 @@
 #include "commands/multissid.h"
 
+#include "commands/opmode.h"
 #include "shell/output.h"
 
 #include <iterator>
@@ -42,7 +43,7 @@ int enable_multi_ssid(CliContext &cli, const char *, CliCommand *) {
     cfg_set("1", "/wlan/inf:%d/multi/state", interface_number(cli));
     pending_apply |= APPLY_WLAN;
     if (mode != MODE_AP && mode != MODE_WDS_AP && mode != MODE_WDS) {
-        cfg_set("0", "/wlan/inf:%d/ap_mode", interface_number(cli));
+        cfg_set_number(MODE_AP, "/wlan/inf:%d/ap_mode", interface_number(cli));
         cli_printf("Set AP mode as normal AP mode \n");
     }
     return CLI_DONE;

@@ -1,6 +1,7 @@
 #include "commands/opmode.h"
 
 #include "commands/channel.h"
+#include "commands/security.h"
 #include "config/node_access.h"
 #include "shell/output.h"
 
@@ -40,7 +41,7 @@ const char *client_mode_name() {
 } // namespace
 
 int set_client_mode(CliContext &cli, const char *, CliCommand *) {
-    cfg_set("1", "/wlan/inf:%d/ap_mode", interface_number(cli));
+    cfg_set_number(MODE_CLIENT, "/wlan/inf:%d/ap_mode", interface_number(cli));
     switch_off_multi_ssid(cli);
     keep_security_supported(cli, MODE_CLIENT);
     return CLI_DONE;
@@ -49,7 +50,7 @@ int set_client_mode(CliContext &cli, const char *, CliCommand *) {
 int set_wds_ap_mode(CliContext &cli, const char *, CliCommand *) {
     if (is_wds_barred())
         return CLI_REFUSED;
-    cfg_set("3", "/wlan/inf:%d/ap_mode", interface_number(cli));
+    cfg_set_number(MODE_WDS_AP, "/wlan/inf:%d/ap_mode", interface_number(cli));
     keep_security_supported(cli, MODE_WDS_AP);
     return CLI_DONE;
 }
@@ -58,7 +59,7 @@ int set_wds_mode(CliContext &cli, const char *, CliCommand *) {
     if (is_wds_barred())
         return CLI_REFUSED;
     switch_off_multi_ssid(cli);
-    cfg_set("4", "/wlan/inf:%d/ap_mode", interface_number(cli));
+    cfg_set_number(MODE_WDS, "/wlan/inf:%d/ap_mode", interface_number(cli));
     keep_security_supported(cli, MODE_WDS_AP); // as for the mode with access point. Meant so.
     return CLI_DONE;
 }

@@ -1,13 +1,16 @@
 // The operating mode: access point, client, or a bridge of the wireless distribution system (WDS).
 #pragma once
 
-#include "commands/security.h"
+#include "commands/fixed_value.h"
+#include "config/apply.h"
+#include "shell/dispatch.h"
+
+// Operating modes, as "/wlan/inf:N/ap_mode" holds them.
+enum ApMode : int { MODE_AP, MODE_CLIENT, MODE_REPEATER, MODE_WDS_AP, MODE_WDS };
 
 // Each switches off what the mode does not allow, multi-SSID or the wireless security, and says so.
-// Words are ignored.
+// Words are ignored. The two of WDS are refused, which they say, on 5 GHz in Japan.
 int set_client_mode(CliContext &cli, const char *word, CliCommand *subtable);
-
-// Both are refused, which they say, on 5 GHz in Japan.
 int set_wds_ap_mode(CliContext &cli, const char *word, CliCommand *subtable);
 int set_wds_mode(CliContext &cli, const char *word, CliCommand *subtable);
 

@@ -1,6 +1,7 @@
 #include "commands/radio.h"
 
 #include "commands/channel.h"
+#include "commands/opmode.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
 #include "shell/args.h"
@@ -17,7 +18,7 @@ namespace {
 constexpr std::size_t SSID_LIMIT = 32;
 
 bool is_wds_mode(int ap_mode) {
-    return ap_mode == 3 || ap_mode == 4;
+    return ap_mode == MODE_WDS_AP || ap_mode == MODE_WDS;
 }
 
 void print_band() {
@@ -101,7 +102,7 @@ int set_wireless_mode(CliContext &, const char *, CliCommand *) {
 int set_band_5g(CliContext &, const char *, CliCommand *) {
     const int country = read_country_code();
     if (country == COUNTRY_JAPAN && is_wds_mode(cfg_number("/wlan/inf:1/ap_mode"))) {
-        cfg_set("0", "/wlan/inf:1/ap_mode");
+        cfg_set_number(MODE_AP, "/wlan/inf:1/ap_mode");
         cli_printf("apmode change to only AP  ,beacuse 5G not support WDS\n");
     }
     if (country == COUNTRY_ISRAEL)
@@ -114,7 +115,7 @@ int set_band_5g(CliContext &, const char *, CliCommand *) {
 int get_band(CliContext &, const char *, CliCommand *) {
     ValueBuffer band;
     if (!band)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     cfg_get(band, "/wlan/ch_mode");
     operating_band = band.number();
     print_band();

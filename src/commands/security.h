@@ -6,9 +6,6 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// Operating modes, as "/wlan/inf:N/ap_mode" holds them.
-enum ApMode : int { MODE_AP, MODE_CLIENT, MODE_REPEATER, MODE_WDS_AP, MODE_WDS };
-
 // Authentication types, of the primary SSID and of the multi-SSID slots.
 enum Authentication : int {
     AUTH_OPEN_SYSTEM,
