@@ -1,5 +1,6 @@
 #include "commands/mcast_rate.h"
 
+#include "commands/radio.h"
 #include "config/apply.h"
 #include "config/node_access.h"
 #include "shell/args.h"
@@ -42,8 +43,8 @@ constexpr Band G_BAND = {
     .letter = 'G',
     .rates = RATES,
     .fallback = 11000,
-    .legacy_modes = {2, 3},
-    .n_only_mode = 4,
+    .legacy_modes = {WLMODE_BG, WLMODE_B},
+    .n_only_mode = WLMODE_N_2G,
     .legacy =
         {13, "<value of mcast rate 11b/g>: 0:disable 1:1Mbps 2:2Mbps 3:5.5Mbps 4:11Mbps 5:6Mbps \n"
              "6:9Mbps 7:12Mbps 8:18Mbps 9:24Mbps 10:36Mbps 11:48Mbps 12:54Mbps\n"},
@@ -64,8 +65,8 @@ constexpr Band A_BAND = {
     .letter = 'A',
     .rates = RATES + 4, // no CCK
     .fallback = 6000,
-    .legacy_modes = {7, 7},
-    .n_only_mode = 9,
+    .legacy_modes = {WLMODE_A, WLMODE_A},
+    .n_only_mode = WLMODE_N_5G,
     .legacy = {9,
                "<value of mcast rate 11a>: 0:disable 1:6Mbps 2:9Mbps 3:12Mbps 4:18Mbps 5:24Mbps\n"
                "6:36Mbps 7:48Mbps 8:54Mbps\n"},

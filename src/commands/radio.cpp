@@ -72,7 +72,7 @@ const char *wireless_mode_name(int number) {
             return mode.name;
     }
     // No word sets these two.
-    return number == 3 ? "80211b" : "80211g";
+    return number == WLMODE_B ? "80211b" : "80211g";
 }
 
 int set_ssid(CliContext &cli, const char *, CliCommand *) {

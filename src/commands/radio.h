@@ -30,6 +30,17 @@ const char *channel_width_name(int number);
 const char *tx_power_name(int number);
 const char *wireless_mode_name(int number);
 
+// Wireless modes, as "/wlan/inf:1/wlmode" holds them, by the 802.11 standards that each mixes.
+enum WlMode : int {
+    WLMODE_BG = 2,
+    WLMODE_B,
+    WLMODE_N_2G,
+    WLMODE_BGN,
+    WLMODE_A = 7,
+    WLMODE_AN,
+    WLMODE_N_5G,
+};
+
 // A wireless mode that a word sets.
 struct WirelessMode {
     const char *word;
@@ -39,12 +50,12 @@ struct WirelessMode {
 };
 
 inline constexpr WirelessMode WIRELESS_MODES[] = {
-    {"ngb", "wlmode mixed n/b/g", 5, "80211n 80211g 80211b"},
-    {"only-n2.4G", "wlmode 80211n with 2.4G", 4, "80211n"},
-    {"gb", "wlmode mixed 80211b and 80211g", 2, "80211b 80211g"},
-    {"only-a", "wlmode 80211a", 7, "80211a"},
-    {"an", "wlmode 80211a and 802.11n", 8, "80211a 80211n"},
-    {"only-n5G", "wlmode 80211n with 5G", 9, "80211n (5GHz)"},
+    {"ngb", "wlmode mixed n/b/g", WLMODE_BGN, "80211n 80211g 80211b"},
+    {"only-n2.4G", "wlmode 80211n with 2.4G", WLMODE_N_2G, "80211n"},
+    {"gb", "wlmode mixed 80211b and 80211g", WLMODE_BG, "80211b 80211g"},
+    {"only-a", "wlmode 80211a", WLMODE_A, "80211a"},
+    {"an", "wlmode 80211a and 802.11n", WLMODE_AN, "80211a 80211n"},
+    {"only-n5G", "wlmode 80211n with 5G", WLMODE_N_5G, "80211n (5GHz)"},
 };
 
 // Stored the other way round: 0 keeps the clients apart. Meant so.
