@@ -1,6 +1,7 @@
 #include "commands/clients.h"
 
 #include "commands/numbered_list.h"
+#include "commands/security.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
 #include "shell/output.h"
@@ -9,8 +10,7 @@
 
 namespace {
 
-constexpr int DYNAMIC_WEP = 9; // the authentication that is shown as 802.1X
-constexpr int MULTI_SSIDS = 7;
+constexpr int LISTED_SLOTS = 7; // more than the console sets. Meant so.
 
 // What a display calls a node.
 struct LabelledNode {
@@ -40,7 +40,7 @@ public:
         const int authentication =
             slot_ == PRIMARY ? cfg_number("/wlan/inf:%d/authentication", interface_)
                              : cfg_number("/wlan/inf:%d/multi/index:%d/auth", interface_, slot_);
-        return authentication == DYNAMIC_WEP;
+        return authentication == AUTH_DYNAMIC_WEP;
     }
 
     void print_name(int client) const {
@@ -110,11 +110,11 @@ int print_counters(const char *tree, ValueBuffer &value) {
 int get_client_info(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     const int interface = interface_number(cli);
     print_clients(Ssid(interface, Ssid::PRIMARY), value);
     if (cfg_number("/wlan/inf:%d/multi/state", interface) == 1) {
-        for (int slot = 1; slot <= MULTI_SSIDS; ++slot)
+        for (int slot = 1; slot <= LISTED_SLOTS; ++slot)
             print_clients(Ssid(interface, slot), value);
     }
     return CLI_DONE;
@@ -123,7 +123,7 @@ int get_client_info(CliContext &cli, const char *, CliCommand *) {
 int get_ethernet_counters(CliContext &, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     run_command("sh /etc/templates/ethernet_count_refresh.sh");
     print_counters("/runtime/stats/ethernet", value);
     return CLI_DONE;
@@ -132,6 +132,6 @@ int get_ethernet_counters(CliContext &, const char *, CliCommand *) {
 int get_wlan_counters(CliContext &, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
-        return refuse("memory error!\n");
+        return refuse(MEMORY_ERROR);
     return print_counters("/runtime/stats/wireless/ath:0", value);
 }
