@@ -47,9 +47,9 @@ const char *column_text(const char *const (&texts)[N], int number) {
 }
 
 void scan_for_access_points() {
-    const bool is_5g = operating_band != 0;
-    run_command("sh /etc/templates/ap_scan.sh %s", ProgramText(is_5g ? "a" : "g"));
-    run_command("sh /etc/templates/ap_comp.sh %s", ProgramText(is_5g ? "a" : "g"));
+    const ProgramText band(operating_band != 0 ? "a" : "g");
+    run_command("sh /etc/templates/ap_scan.sh %s", band);
+    run_command("sh /etc/templates/ap_comp.sh %s", band);
 }
 
 // The columns do not line up with the heading. Meant so.
