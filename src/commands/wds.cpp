@@ -7,6 +7,7 @@
 #include "shell/args.h"
 #include "shell/output.h"
 
+#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -38,7 +39,7 @@ void show_field(ValueBuffer &value, const char *entry, const Field &field) {
     cli_printf(" [%s]:%s", field.label, value.text());
 }
 
-// Shows the live links' clients up to the first that has not been connected for any time.
+// Shows a link's clients up to the first that has been connected for no time.
 void show_link(const CliContext &cli, ValueBuffer &value, int link) {
     for (int client = 1; client <= LIST_BOUND; ++client) {
         char entry[64];
@@ -91,10 +92,7 @@ int delete_wds_peer(CliContext &cli, const char *, CliCommand *) {
 }
 
 int scan_wds(CliContext &, const char *, CliCommand *) {
-    if (operating_band == 1)
-        run_command("sh /etc/templates/wds_scan.sh a");
-    else
-        run_command("sh /etc/templates/wds_scan.sh g");
+    run_command("sh /etc/templates/wds_scan.sh %s", ProgramText(operating_band == 1 ? "a" : "g"));
     return CLI_DONE;
 }
 
