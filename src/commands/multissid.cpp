@@ -56,7 +56,7 @@ int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
                         "Wrong input parameters. Please input Authentication Type and specify the "
                         "correct Multi-SSID index (1-3).\n"))
         return CLI_DONE;
-    write_slot(type.value, cli, slot, "/auth");
+    write_slot(DecimalText().of(type.value), cli, slot, "/auth");
     pending_apply |= APPLY_WLAN;
     cli_printf("Authentication of Multi-SSID (index %d) is %s\n", slot.number, type.confirmed);
     return CLI_DONE;
@@ -72,7 +72,7 @@ int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
         return refuse(CANT_ALLOC_MEMORY);
     const int authentication = slot_number(value, cli, slot, "/auth");
     if (is_wpa(authentication) == cipher.for_wpa) {
-        write_slot(cipher.value, cli, slot, "/cipher");
+        write_slot(DecimalText().of(cipher.value), cli, slot, "/cipher");
         confirm_cipher(slot, cipher.confirmed);
     } else {
         cli_printf("This cipher selection is not supported by \n%s",

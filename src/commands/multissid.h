@@ -78,43 +78,39 @@ inline constexpr ValueSetter PRIORITY{
     .value_error = "",
 };
 
-// A cipher of a slot.
+// A cipher of a slot, set by the word that sets it for the primary SSID.
 struct SlotCipher {
-    const char *word;
-    const char *help;
-    const char *value;
+    Cipher value;
     bool for_wpa;          // goes with the WPA types only, else with all others only
     const char *confirmed; // its name when it is set
     const char *name;      // and when it is displayed
 };
 
 inline constexpr SlotCipher SLOT_CIPHERS[] = {
-    {"no", "Disable Wireless Security", "0", false, "None", "None"},
-    {"wep", "Set Cipher of WEP", "1", false, "WEP", "WEP"},
-    {"tkip", "Set Cipher of TKIP", "2", true, "TKIP", "TKIP"},
-    {"aes", "Set Cipher of AES", "3", true, "AES", "AES"},
-    {"auto", "Set Cipher of auto(AES/TKIP)", "4", true, "auto (tkip, aes)", "TKIP, AES"},
+    {CIPHER_NONE, false, "None", "None"},
+    {CIPHER_WEP, false, "WEP", "WEP"},
+    {CIPHER_TKIP, true, "TKIP", "TKIP"},
+    {CIPHER_AES, true, "AES", "AES"},
+    {CIPHER_AUTO, true, "auto (tkip, aes)", "TKIP, AES"},
 };
 
-// An authentication type of a slot.
+// An authentication type of a slot. Two of the words are not those of the primary SSID.
 struct SlotAuthentication {
     const char *word;
-    const char *help;
-    const char *value;
+    Authentication value;
     const char *confirmed;
 };
 
 inline constexpr SlotAuthentication SLOT_AUTHENTICATIONS[] = {
-    {"open-system", "Set Authentication Type to Open-System", "0", "open-system"},
-    {"shared-key", "Set Authentication Type to Shared-Key", "1", "shared-key"},
-    {"wpa-eap", "Set Authentication Type to WPA-EAP", "2", "wpa-eap"},
-    {"wpa-psk", "Set Authentication Type to WPA-PSK", "3", "wpa-psk"},
-    {"wpa2-eap", "Set Authentication Type to WPA2-EAP", "4", "wpa2-eap"},
-    {"wpa2-psk", "Set Authentication Type to WPA2-PSK", "5", "wpa2-psk"},
-    {"wpa-auto-eap", "Set Authentication Type to WPA/WPA2-EAP", "6", "wpa/wpa2-eap"},
-    {"wpa-auto-psk", "Set Authentication Type to WPA/WPA2-PSK", "7", "wpa/wpa2-psk"},
-    {"8021x-only", "Set Authentication Type to 802.1X for Dynamic WEP Keying", "9",
-     "802.1x for dynamic WEP keying"},
+    {"open-system", AUTH_OPEN_SYSTEM, "open-system"},
+    {"shared-key", AUTH_SHARED_KEY, "shared-key"},
+    {"wpa-eap", AUTH_WPA_EAP, "wpa-eap"},
+    {"wpa-psk", AUTH_WPA_PSK, "wpa-psk"},
+    {"wpa2-eap", AUTH_WPA2_EAP, "wpa2-eap"},
+    {"wpa2-psk", AUTH_WPA2_PSK, "wpa2-psk"},
+    {"wpa-auto-eap", AUTH_WPA_AUTO_EAP, "wpa/wpa2-eap"},
+    {"wpa-auto-psk", AUTH_WPA_AUTO_PSK, "wpa/wpa2-psk"},
+    {"8021x-only", AUTH_DYNAMIC_WEP, "802.1x for dynamic WEP keying"},
 };
 
 const char *slot_cipher_name(int cipher);
@@ -193,13 +189,15 @@ inline constinit auto multi_partition_rows = command_table({
 
 inline constinit auto multi_authentication_rows =
     command_table_of(SLOT_AUTHENTICATIONS, [](const SlotAuthentication &type) {
-        return CliCommand{type.word, type.help, set_slot_authentication};
+        return CliCommand{type.word, find_type(AUTHENTICATION_TYPES, type.value)->help,
+                          set_slot_authentication};
     });
 
 inline constinit auto multi_cipher_rows =
     command_table_of(SLOT_CIPHERS, [](const SlotCipher &cipher) {
-        const bool none = cipher.value[0] == '0';
-        return CliCommand{cipher.word, cipher.help, none ? set_slot_cipher_none : set_slot_cipher};
+        const SecurityType &primary = *find_type(CIPHERS, cipher.value);
+        return CliCommand{primary.word, primary.help,
+                          cipher.value == CIPHER_NONE ? set_slot_cipher_none : set_slot_cipher};
     });
 
 inline constexpr auto multissid_set_rows = command_rows({

@@ -6,7 +6,6 @@
 #include "shell/output.h"
 
 #include <limits>
-#include <span>
 
 namespace {
 
@@ -132,12 +131,8 @@ int fix_for_authentication(const CliContext &cli, int authentication) {
     return 1;
 }
 
-const char *line_of(std::span<const SecurityType> types, int value) {
-    for (const SecurityType &type : types) {
-        if (type.value == value)
-            return type.line;
-    }
-    return "";
+const char *line_of(const SecurityType *type) {
+    return type != nullptr ? type->line : "";
 }
 
 } // namespace
@@ -167,11 +162,11 @@ int security_fixup(CliContext &cli, SecurityChange change, int value) {
 }
 
 const char *authentication_line(int type) {
-    return line_of(AUTHENTICATION_TYPES, type);
+    return line_of(find_type(AUTHENTICATION_TYPES, type));
 }
 
 const char *cipher_line(int cipher) {
-    return line_of(CIPHERS, cipher);
+    return line_of(find_type(CIPHERS, cipher));
 }
 
 // The tool's writes bypass the array's bookkeeping, unlike the fix-up's. Meant so.

@@ -6,6 +6,8 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
+#include <span>
+
 // Authentication types, of the primary SSID and of the multi-SSID slots.
 enum Authentication : int {
     AUTH_OPEN_SYSTEM,
@@ -79,6 +81,15 @@ inline constexpr SecurityType CIPHERS[] = {
     {"aes", "Set Cipher of AES", CIPHER_AES, "AES\n"},
     {"auto", "Set Cipher of auto(AES/TKIP)", CIPHER_AUTO, "auto(AES/TKIP)\n"},
 };
+
+// The one of `types` with this value; null when there is none.
+constexpr const SecurityType *find_type(std::span<const SecurityType> types, int value) {
+    for (const SecurityType &type : types) {
+        if (type.value == value)
+            return &type;
+    }
+    return nullptr;
+}
 
 inline constinit auto authentication_rows =
     command_table_of(AUTHENTICATION_TYPES, [](const SecurityType &type) {
