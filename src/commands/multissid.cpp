@@ -7,6 +7,13 @@
 
 namespace {
 
+constexpr char AUTHENTICATION_SLOT_NOT_SPECIFIED[] =
+    "Wrong input parameters. Please input Authentication Type and specify the correct Multi-SSID "
+    "index (1-3).\n";
+constexpr char CIPHER_SLOT_NOT_SPECIFIED[] =
+    "Wrong input parameters. Please input Cipher Type and specify the correct Multi-SSID index "
+    "(1-3).\n";
+
 bool is_wpa(int authentication) {
     return authentication >= AUTH_WPA_EAP && authentication <= AUTH_WPA_AUTO_PSK;
 }
@@ -14,13 +21,6 @@ bool is_wpa(int authentication) {
 int slot_number(ValueBuffer &value, const CliContext &cli, const Slot &slot, const char *leaf) {
     read_slot(value, cli, slot, leaf);
     return value.number();
-}
-
-// Takes the slot of a cipher's command.
-bool take_cipher_slot(CliContext &cli, Slot &slot) {
-    return take_only_slot(cli, slot,
-                          "Wrong input parameters. Please input Cipher Type and specify the "
-                          "correct Multi-SSID index (1-3).\n");
 }
 
 void confirm_cipher(const Slot &slot, const char *name) {
@@ -52,9 +52,7 @@ int enable_multi_ssid(CliContext &cli, const char *, CliCommand *) {
 int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
     const SlotAuthentication &type = typed_item(SLOT_AUTHENTICATIONS, multi_authentication_rows);
     Slot slot{};
-    if (!take_only_slot(cli, slot,
-                        "Wrong input parameters. Please input Authentication Type and specify the "
-                        "correct Multi-SSID index (1-3).\n"))
+    if (!take_only_slot(cli, slot, AUTHENTICATION_SLOT_NOT_SPECIFIED))
         return CLI_DONE;
     write_slot(DecimalText().of(type.value), cli, slot, "/auth");
     pending_apply |= APPLY_WLAN;
@@ -65,7 +63,7 @@ int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
 int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
     const SlotCipher &cipher = typed_item(SLOT_CIPHERS, multi_cipher_rows);
     Slot slot{};
-    if (!take_cipher_slot(cli, slot))
+    if (!take_only_slot(cli, slot, CIPHER_SLOT_NOT_SPECIFIED))
         return CLI_DONE;
     ValueBuffer value;
     if (!value)
@@ -84,7 +82,7 @@ int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
 
 int set_slot_cipher_none(CliContext &cli, const char *, CliCommand *) {
     Slot slot{};
-    if (!take_cipher_slot(cli, slot))
+    if (!take_only_slot(cli, slot, CIPHER_SLOT_NOT_SPECIFIED))
         return CLI_DONE;
     write_slot("0", cli, slot, "/cipher");
     write_slot("0", cli, slot, "/auth");
