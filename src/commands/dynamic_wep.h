@@ -21,8 +21,7 @@ inline constexpr ValueSetter DYNAMIC_WEP_INTERVAL{
 inline constexpr SlotSetter SLOT_DYNAMIC_WEP_INTERVAL{
     .leaf = "/d_wep_rekey_interval",
     .rule = DYNAMIC_WEP_INTERVAL_RULE,
-    .wrong_count = "Wrong input parameters. Please input Dynamic WEP Rekey Interval and "
-                   "Multi-SSID index (1-3).\n",
+    .wanted = "Dynamic WEP Rekey Interval",
     .error_line = DYNAMIC_WEP_INTERVAL.error_line,
 };
 inline constexpr SlotSwitch SLOT_DYNAMIC_WEP_LENGTH{

@@ -34,36 +34,33 @@ inline constexpr SlotSwitch SLOT_PARTITION{
 inline constexpr SlotSetter SLOT_SSID{
     .leaf = "/ssid",
     .rule = {ValueKind::Text, 1, 64, "SSID length should less 65\n"},
-    .wrong_count = "Wrong input parameters. Please input ESSID and Multi-SSID index (1-3).\n",
+    .wanted = "ESSID",
     .error_line = "ERROR: Unable to set individual multi-SSID ESSID.\n",
     .value_error = "",
 };
 inline constexpr SlotSetter SLOT_PASSPHRASE{
     .leaf = "/passphrase",
     .rule = PASSPHRASE_RULE,
-    .wrong_count =
-        "Wrong input parameters. Please input passphrase key and Multi-SSID index (1-3).\n",
+    .wanted = "passphrase key",
     .error_line = PASSPHRASE_ERROR,
 };
 inline constexpr SlotSetter SLOT_GROUP_KEY_UPDATE{
     .leaf = "/interval",
     .rule = GROUP_KEY_UPDATE_RULE,
-    .wrong_count = "Wrong input parameters. Please input Group Key Update interval and Multi-SSID "
-                   "index (1-3).\n",
+    .wanted = "Group Key Update interval",
     .error_line = GROUP_KEY_UPDATE_ERROR,
 };
 inline constexpr SlotSetter SLOT_DEFAULT_KEY{
     .leaf = "/wep_key_index",
     .rule = {ValueKind::Number, 1, WEP_KEY_COUNT, WEP_KEY_OUT_OF_RANGE},
-    .wrong_count = "Wrong input parameters. Please input defalut wep key index and Multi-SSID "
-                   "index (1-3).\n",
+    .wanted = "defalut wep key index",
     .error_line = "ERROR: Unable to set defalut wep key index.\n",
     .as_number = true,
 };
 inline constexpr SlotSetter SLOT_PRIORITY{
     .leaf = "/pri_bit",
     .rule = {ValueKind::Number, 1, 4094, "Please specify the correct Priority (1~4094).\n"},
-    .wrong_count = "Wrong input parameters. Please input Priority and Multi-SSID index (1-3).\n",
+    .wanted = "Priority",
     .error_line = "ERROR: Unable to set Priority.\n",
     .value_error = "",
     .out_of_range = "Please input correct multi_SSID priority index: 1-3\n",

@@ -61,7 +61,8 @@ int store_slot_switch(CliContext &cli, const SlotSwitch &target, const char *val
 
 int store_slot_value(CliContext &cli, const SlotSetter &setter) {
     if (arg_count(cli) != 2)
-        return refuse("%s%s", setter.wrong_count, setter.error_line);
+        return refuse("Wrong input parameters. Please input %s and Multi-SSID index (1-3).\n%s",
+                      setter.wanted, setter.error_line);
     CheckedValue value;
     if (!value.take(cli, setter.rule))
         return refuse("%s", setter.value_error);

@@ -57,7 +57,7 @@ int store_slot_switch(CliContext &cli, const SlotSwitch &target, const char *val
 struct SlotSetter {
     const char *leaf;
     ValueRule rule;
-    const char *wrong_count; // and then the error line
+    const char *wanted; // what a wrong count of words is told to input besides the slot
     const char *error_line;
     const char *value_error = error_line; // behind what the rule or arg_uint said
     const char *out_of_range = SLOT_NOT_CORRECT;
