@@ -121,13 +121,21 @@ inline constexpr SlotDisplay SHOWN_PARTITION{"/w_partition", "Multi-SSID", SlotV
 inline constexpr SlotDisplay SHOWN_WMM{"/wmm/enable", "WMM state of Multi-SSID", SlotValue::Name,
                                        switch_name};
 inline constexpr SlotDisplay SHOWN_SSID{"/ssid", "SSID of Multi-SSID", SlotValue::Text};
-inline constexpr SlotDisplay SHOWN_AUTHENTICATION{"/auth", "Authentication Type of Multi-SSID",
-                                                  SlotValue::Name, authentication_line, ""};
+inline constexpr SlotDisplay SHOWN_AUTHENTICATION{
+    .leaf = "/auth",
+    .subject = "Authentication Type of Multi-SSID",
+    .kind = SlotValue::Name,
+    .name = authentication_line,
+    .tail = "",
+};
 inline constexpr SlotDisplay SHOWN_CIPHER{"/cipher", "Cipher of Multi-SSID", SlotValue::Name,
                                           slot_cipher_name};
-inline constexpr SlotDisplay SHOWN_GROUP_KEY_UPDATE{"/interval",
-                                                    "Group Key Update Interval of Multi-SSID",
-                                                    SlotValue::Number, nullptr, " seconds\n"};
+inline constexpr SlotDisplay SHOWN_GROUP_KEY_UPDATE{
+    .leaf = "/interval",
+    .subject = "Group Key Update Interval of Multi-SSID",
+    .kind = SlotValue::Number,
+    .tail = " seconds\n",
+};
 inline constexpr SlotDisplay SHOWN_DEFAULT_KEY{
     "/wep_key_index", "Default WEP Key Index of Multi-SSID", SlotValue::Number};
 inline constexpr SlotDisplay SHOWN_PRIORITY{
