@@ -28,7 +28,7 @@ void switch_off_multi_ssid(const CliContext &cli) {
     cfg_set("0", "/wlan/inf:%d/multi/state", interface_number(cli));
 }
 
-void keep_security_supported(CliContext &cli, int mode) {
+void keep_security_supported(const CliContext &cli, int mode) {
     if (security_check(SecurityChange::Mode, mode) != 0)
         security_fixup(cli, SecurityChange::Mode, mode);
     pending_apply |= APPLY_WLAN;

@@ -150,7 +150,7 @@ int security_check(SecurityChange change, int value) {
     return 1;
 }
 
-int security_fixup(CliContext &cli, SecurityChange change, int value) {
+int security_fixup(const CliContext &cli, SecurityChange change, int value) {
     switch (change) {
     case SecurityChange::Mode:
         return fix_for_mode(cli, value);

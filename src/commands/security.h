@@ -35,7 +35,7 @@ int security_check(SecurityChange change, int value);
 // For a mode or authentication change that was refused: forces the other settings of the current
 // band's interface to go with the new value. Returns 1 when it did, after a notice of what was
 // written; 0 when there is no way; 2 after "memory error!".
-int security_fixup(CliContext &cli, SecurityChange change, int value);
+int security_fixup(const CliContext &cli, SecurityChange change, int value);
 
 // The name of an authentication type with its newline; nothing for a number that is none.
 const char *authentication_line(int type);
