@@ -111,7 +111,7 @@ const char *key_format_name(int format) {
 }
 
 int set_key(CliContext &cli, const char *, CliCommand *) {
-    const int index = take_key(cli, 2, {"ERROR: Unable to set wep key value.\n"});
+    const int index = take_key(cli, 2, {.error_line = "ERROR: Unable to set wep key value.\n"});
     if (index == NO_KEY)
         return CLI_REFUSED;
     ValueBuffer value;
