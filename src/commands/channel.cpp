@@ -16,9 +16,9 @@ constexpr char OUTDOOR_WDS_CHANNELS_5G[] = "/runtime/stats/wlan/inf:2/channeltab
 
 constexpr int TABLE_ENTRIES = 50;
 
-// Reads entry `index` of the channel table below `prefix`; empty at the table's end.
 using ChannelText = ShortValue<31>;
 
+// Reads entry `index` of the channel table below `prefix`; empty at the table's end.
 ChannelText read_channel(const char *prefix, int index) {
     ChannelText channel;
     cfg_get(channel, "%s%d/channel", prefix, index);
@@ -73,6 +73,7 @@ void print_available_channels() {
 bool is_2g_channel(int channel) {
     return channel >= 1 && channel <= 13;
 }
+
 bool is_5g_channel(int channel) {
     return channel >= 36 && channel <= 165;
 }
