@@ -146,7 +146,7 @@ int get_intrusion(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_intrusion(CliContext &cli, const char *, CliCommand *) {
-    const char *const fields[] = {"mac", "ssid", "channel", "band", "time", "status"};
+    static constexpr const char *FIELDS[] = {"mac", "ssid", "channel", "band", "time", "status"};
     ValueBuffer scanned;
     ValueBuffer slot_mac;
     if (!scanned || !slot_mac)
@@ -163,7 +163,7 @@ int set_intrusion(CliContext &cli, const char *, CliCommand *) {
     const int slot =
         find_in_list(classified_addresses(cli), slot_mac, scanned.text(), ROGUE_CAPACITY).index;
     cfg_set(type, CLASSIFIED, interface, slot, "type");
-    for (const char *field : fields) {
+    for (const char *field : FIELDS) {
         cfg_get(scanned, SCANNED, interface, index, field);
         cfg_set(scanned.text(), CLASSIFIED, interface, slot, field);
     }
