@@ -12,18 +12,24 @@ inline constexpr int ACL_TABLE_ROWS = 512;
 
 const char *acl_mode_name(int mode);
 
-// Adds one MAC address to the access control list, as typed.
+// What follows says what it refuses, missing memory ("memory error!") included.
+
+// Word MAC, added to the access control list as typed.
 int add_acl_address(CliContext &cli, const char *word, CliCommand *subtable);
-// Takes any word: it only has to stand in the list.
+
+// Word MAC: any word that stands in the list.
 int delete_acl_address(CliContext &cli, const char *word, CliCommand *subtable);
 
+// Prints the access points that the administrator classified.
 int get_rogue_aps(CliContext &cli, const char *word, CliCommand *subtable);
-// Writes a classified access point: index, type, MAC address. Only the last one's length counts.
+
+// Words INDEX TYPE MAC: writes a classified access point. Only the MAC's length counts.
 int set_rogue_ap(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Scans for access points and prints what was found.
 int get_intrusion(CliContext &cli, const char *word, CliCommand *subtable);
-// Classifies a scan result, index and type, and saves the configuration.
+
+// Words INDEX TYPE, the type 0..3: classifies a scan result and saves the configuration.
 int set_intrusion(CliContext &cli, const char *word, CliCommand *subtable);
 
 inline constinit auto acl_rows = command_table({

@@ -34,11 +34,16 @@ inline constexpr Country SETTABLE_COUNTRIES[] = {
 // The regulatory country's code, from the first three bytes of its node.
 int read_country_code();
 
-// Writes the channel when the band's run-time table holds it; else says why and lists the
-// channels.
+// Word CHANNEL, written as typed when the band's run-time table holds it; else says why and lists
+// the channels. Returns 0 either way.
 int set_channel(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Prints the country, has the run-time tables made anew and prints them for both bands.
 int get_available_channels(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Makes the typed row's country the device's. Words are ignored.
 int set_country(CliContext &cli, const char *word, CliCommand *subtable);
+
 int get_country(CliContext &cli, const char *word, CliCommand *subtable);
 
 inline constinit auto country_rows =

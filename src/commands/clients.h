@@ -3,6 +3,8 @@
 
 #include "shell/command.h"
 
+// All return -1 after "memory error!".
+
 // Prints the wireless clients of the primary SSID and, when they are on, of the other SSIDs.
 int get_client_info(CliContext &cli, const char *word, CliCommand *subtable);
 

@@ -8,23 +8,32 @@
 // The band that the device runs, 0 = 2.4 GHz, 1 = 5 GHz, as `get band` or select_band saw it last.
 extern std::int32_t operating_band;
 
+// Word SSID, of at most 32 characters. Prints it, also when it then refuses it.
 int set_ssid(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Words are ignored.
 int set_cwm_auto(CliContext &cli, const char *word, CliCommand *subtable);
 int set_wireless_mode(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Refused in Israel; in Japan a WDS operating mode is given up first.
 int set_band_5g(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Reads the operating band and prints it. Returns 0; or -1 after "memory error!".
 int get_band(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Makes the one word, 0 or 1, the operating and the current band. No word is bound to it.
 int select_band(CliContext &cli, const char *word, CliCommand *subtable);
 
+// Prints the current band's time in microseconds. Returns 0; or -1 after "memory error!".
 int get_acktimeout(CliContext &cli, const char *word, CliCommand *subtable);
+
+// Says that the hardware cannot do it. Returns 0.
 int refuse_radar_bang(CliContext &cli, const char *word, CliCommand *subtable);
 
-// `set wlantest [times]`: restarts the radio again and again, waiting for it to settle.
+// Word TIMES: restarts the radio so often, waiting for it to settle. Refuses other counts of words.
 int test_wlan_restart(CliContext &cli, const char *word, CliCommand *subtable);
 
+// Name the numbers that nodes hold; there is a name for every number.
 const char *partition_name(int number);
 const char *channel_width_name(int number);
 const char *tx_power_name(int number);

@@ -43,8 +43,8 @@ const char *authentication_line(int type);
 // The same for a cipher.
 const char *cipher_line(int cipher);
 
-// What a row names, as AUTHENTICATION_TYPES and CIPHERS say. Words are ignored. Return 0, also
-// after the notice that refuses it; only the authentication type has the cipher fixed instead.
+// Store what the typed row names in AUTHENTICATION_TYPES and CIPHERS. Words are ignored. Return 0,
+// also after the notice that refuses it; only the authentication type has the cipher fixed instead.
 int set_authentication(CliContext &cli, const char *word, CliCommand *subtable);
 int set_cipher(CliContext &cli, const char *word, CliCommand *subtable);
 
