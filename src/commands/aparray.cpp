@@ -28,7 +28,7 @@ const char *role_name(int role) {
 }
 
 // The item of the row that runs: its name is the item's word, or ends in it among the get rows.
-const SyncItem &typed_item() {
+const SyncItem &typed_sync_item() {
     std::string_view word = current_command->name;
     if (word.starts_with(SYNC_ROW_PREFIX))
         word.remove_prefix(std::string_view(SYNC_ROW_PREFIX).size());
@@ -37,7 +37,7 @@ const SyncItem &typed_item() {
 }
 
 int write_sync_flag(bool on) {
-    const SyncItem &item = typed_item();
+    const SyncItem &item = typed_sync_item();
     cfg_set(on ? "1" : "0", "%s", item.node);
     pending_apply |= APPLY_NEAPC;
     // One of the 64 messages has two blanks. Meant so.
@@ -85,7 +85,7 @@ int get_array_sync(CliContext &, const char *, CliCommand *) {
     ValueBuffer flag;
     if (!flag)
         return refuse(CANT_ALLOC_MEMORY);
-    const SyncItem &item = typed_item();
+    const SyncItem &item = typed_sync_item();
     cfg_get(flag, "%s", item.node);
     cli_printf("AP Array sync %s status is %s\n", item.word, switch_name(flag.number()));
     return CLI_DONE;

@@ -36,8 +36,8 @@ int add_to_column(const StaticColumn &column, ValueBuffer &stored, const char *t
     return CLI_DONE;
 }
 
-int switch_static_lease(std::ptrdiff_t row, const char *state) {
-    cfg_set(state, "/lan/dhcp/server/pool:1/staticdhcp/entry:%d/enable", static_cast<int>(row) + 1);
+int switch_static_lease(const StaticLease &lease, const char *state) {
+    cfg_set(state, "/lan/dhcp/server/pool:1/staticdhcp/entry:%d/enable", lease.number);
     pending_apply |= APPLY_DHCPD;
     return CLI_DONE;
 }
@@ -53,11 +53,11 @@ int set_dhcp_leasetime(CliContext &cli, const char *, CliCommand *) {
 }
 
 int enable_static_lease(CliContext &, const char *, CliCommand *) {
-    return switch_static_lease(current_command - static_lease_enable_rows.data(), "1");
+    return switch_static_lease(typed_item(STATIC_LEASES.leases, static_lease_enable_rows), "1");
 }
 
 int disable_static_lease(CliContext &, const char *, CliCommand *) {
-    return switch_static_lease(current_command - static_lease_disable_rows.data(), "0");
+    return switch_static_lease(typed_item(STATIC_LEASES.leases, static_lease_disable_rows), "0");
 }
 
 int add_static_hostname(CliContext &cli, const char *, CliCommand *) {

@@ -10,8 +10,9 @@
 #include <algorithm>
 #include <string_view>
 
-// What the console says about one static lease.
+// One static lease, and what the console says about it.
 struct StaticLease {
+    int number = 0; // 1..25
     char word[sizeof "pool_25"] = "";
     char enable_help[sizeof "enable dhcp staticip pool 25"] = "";
     char disable_help[sizeof "disable dhcp staticip pool 25"] = "";
@@ -35,7 +36,7 @@ consteval StaticLeases make_static_leases() {
     StaticLeases all;
     int number = 0;
     for (StaticLease &lease : all.leases) {
-        ++number;
+        lease.number = ++number;
         put_numbered(lease.word, "pool_", number);
         put_numbered(lease.enable_help, "enable dhcp staticip pool ", number);
         // One of the help texts says the opposite. Meant so.
@@ -48,6 +49,7 @@ consteval StaticLeases make_static_leases() {
 
 inline constexpr StaticLeases STATIC_LEASES = make_static_leases();
 
+// One word, stored as typed. Refuses other counts of words, and says so.
 int set_dhcp_leasetime(CliContext &cli, const char *word, CliCommand *subtable);
 
 // The static lease that was named, on or off.
