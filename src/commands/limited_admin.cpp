@@ -11,16 +11,6 @@ namespace {
 
 constexpr int POOLS = 4;
 
-constexpr int BY_VLAN = 1;
-constexpr int BY_ADDRESS = 2;
-constexpr int BY_BOTH = BY_VLAN | BY_ADDRESS;
-
-constexpr char TYPE[] = "/sys/adminlimit/status";
-
-bool covers(int type, int limit) {
-    return type >= 0 && type <= BY_BOTH && (type & limit) != 0;
-}
-
 // A text that is no address counts: its value is the library's mark of failure. Meant so.
 bool is_set_address(const char *edge, int pool) {
     ShortValue<127> text;
@@ -59,27 +49,31 @@ void switch_vlan_off() {
 }
 
 void drop_address_limit() {
-    const int type = cfg_number(TYPE);
-    if (!covers(type, BY_ADDRESS) || has_pool())
+    const int type = cfg_number(ADMIN_LIMIT_TYPE);
+    if (!includes_limit(type, LIMITED_BY_ADDRESS) || has_pool())
         return;
-    cfg_set_number(type & BY_VLAN, TYPE);
+    cfg_set_number(type & LIMITED_BY_VLAN, ADMIN_LIMIT_TYPE);
     cli_printf("Limit Admin IP will be disabled if the Limit Admin IP rule list is null!\n");
 }
 
 } // namespace
 
+bool includes_limit(int type, int limit) {
+    return type >= 0 && type <= LIMITED_BY_BOTH && (type & limit) != 0;
+}
+
 int set_admin_limit_type(CliContext &cli, const char *, CliCommand *) {
-    if (!is_only_word_in(cli, 0, BY_BOTH))
+    if (!is_only_word_in(cli, 0, LIMITED_BY_BOTH))
         return refuse_type();
     const char *word = arg_next(cli);
     const int type = decimal_value(word);
-    if (covers(type, BY_ADDRESS) && !has_pool()) {
+    if (includes_limit(type, LIMITED_BY_ADDRESS) && !has_pool()) {
         cli_printf("Please add Limit Admin IP rule!\n");
         return CLI_DONE;
     }
-    cfg_set(word, TYPE);
+    cfg_set(word, ADMIN_LIMIT_TYPE);
     pending_apply |= APPLY_WAN;
-    if (covers(type, BY_VLAN))
+    if (includes_limit(type, LIMITED_BY_VLAN))
         switch_vlan_off();
     return CLI_DONE;
 }

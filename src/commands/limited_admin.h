@@ -5,6 +5,15 @@
 #include "commands/fixed_value.h"
 #include "shell/dispatch.h"
 
+// Holds the type: 0, or what administration is limited by.
+inline constexpr char ADMIN_LIMIT_TYPE[] = "/sys/adminlimit/status";
+inline constexpr int LIMITED_BY_VLAN = 1;
+inline constexpr int LIMITED_BY_ADDRESS = 2;
+inline constexpr int LIMITED_BY_BOTH = LIMITED_BY_VLAN | LIMITED_BY_ADDRESS;
+
+// True when the type, as it may stand in its node, includes the limit.
+bool includes_limit(int type, int limit);
+
 // The setters return 0, also after a refusal.
 
 // `set ladtype <0..3>`. A type with address pools needs one; a type with the VLAN switches VLAN
@@ -29,7 +38,7 @@ inline constexpr auto limited_admin_set_rows = command_rows({
 
 inline constexpr auto limited_admin_get_rows = command_rows({
     {"ladtype", "Limited Administration Type",
-     show_status<"/sys/adminlimit/status", "Limited Administration Disabled\n",
+     show_status<ADMIN_LIMIT_TYPE, "Limited Administration Disabled\n",
                  "Administration with specific VLAN ID\n",
                  "Administration with Limited IP address\n",
                  "Administration with Limited IP address and VLAN ID\n">},

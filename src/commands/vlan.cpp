@@ -1,5 +1,6 @@
 #include "commands/vlan.h"
 
+#include "commands/limited_admin.h"
 #include "config/node_access.h"
 #include "shell/args.h"
 #include "shell/output.h"
@@ -62,11 +63,11 @@ int show_indexed_pvid(CliContext &cli, const IndexedPorts &ports, const char *fo
 int enable_vlan(CliContext &, const char *, CliCommand *) {
     cfg_set("1", "/sys/vlan_state");
     pending_apply |= APPLY_WLAN;
-    const int limit = cfg_number("/sys/adminlimit/status");
-    if (limit != 1 && limit != 3)
+    const int type = cfg_number(ADMIN_LIMIT_TYPE);
+    if (!includes_limit(type, LIMITED_BY_VLAN))
         return CLI_DONE;
     cli_printf("Because VLAN is enable, limit vlan need to disable.\n");
-    cfg_set_number(limit - 1, "/sys/adminlimit/status");
+    cfg_set_number(type & LIMITED_BY_ADDRESS, ADMIN_LIMIT_TYPE);
     pending_apply |= APPLY_WAN;
     return CLI_DONE;
 }
