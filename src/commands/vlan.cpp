@@ -15,7 +15,8 @@ namespace {
 
 constexpr int DEFAULT_PVID = 1;
 
-// The VLAN IDs of the entries that the table counts, 0 for free ones.
+// The VLAN IDs of the entries that the table counts, 0 for free ones. Read once, since every port
+// is looked up in all of them.
 using GroupVids = std::array<int, LAST_GROUP_ENTRY>;
 
 GroupVids read_group_vids() {
@@ -36,7 +37,7 @@ int pvid_of(const VlanPort &port, const GroupVids &vids) {
 }
 
 int set_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
-    std::uint32_t vid = 0;
+    int vid = 0;
     const char *index = nullptr;
     if (!take_vlan_id_and_index(cli, ports, vid, index))
         return CLI_REFUSED;

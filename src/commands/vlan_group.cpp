@@ -67,16 +67,15 @@ int write_member(int entry, int vid, const VlanPort &port, Egress egress) {
 
 // These alone mind the end of the table. Meant so.
 int set_indexed_member(CliContext &cli, const IndexedPorts &ports, Egress egress) {
-    std::uint32_t vid = 0;
+    int vid = 0;
     const char *index = nullptr;
     if (!take_vlan_id_and_index(cli, ports, vid, index))
         return CLI_REFUSED;
-    const int entry = entry_for(static_cast<int>(vid));
+    const int entry = entry_for(vid);
     if (entry > GROUP_ENTRIES)
         return refuse("The entry of Group VID is full(%d). Can't add more group VID\n",
                       GROUP_ENTRIES);
-    return write_member(entry, static_cast<int>(vid), ports.port(cli, decimal_value(index)),
-                        egress);
+    return write_member(entry, vid, ports.port(cli, decimal_value(index)), egress);
 }
 
 int set_single_member(CliContext &cli, const VlanPort &port, Egress egress) {
@@ -84,10 +83,10 @@ int set_single_member(CliContext &cli, const VlanPort &port, Egress egress) {
         cli_printf("Wrong input parameters. Please input VLAN ID .\n");
         return refuse_vlan_id();
     }
-    std::uint32_t vid = 0;
+    int vid = 0;
     if (!take_vlan_id(cli, vid))
         return CLI_REFUSED;
-    return write_member(entry_for(static_cast<int>(vid)), static_cast<int>(vid), port, egress);
+    return write_member(entry_for(vid), vid, port, egress);
 }
 
 const char *egress_name(int egress) {

@@ -4,6 +4,8 @@
 #include "commands/vlan_port.h"
 #include "shell/command.h"
 
+#include <cstdint>
+
 inline constexpr int GROUP_ENTRIES = 18;
 
 // Ports without an index can begin a VLAN behind a full table.

@@ -10,8 +10,10 @@ int refuse_vlan_id() {
     return refuse("ERROR: Unable to set VLAN ID.\n");
 }
 
-bool take_vlan_id(CliContext &cli, std::uint32_t &vid) {
-    if (arg_uint(cli, vid, 10) == 0) {
+bool take_vlan_id(CliContext &cli, int &vid) {
+    std::uint32_t number = 0;
+    if (arg_uint(cli, number, 10) == 0) {
+        vid = static_cast<int>(number); // negative when it is too large
         if (is_vlan_id(vid))
             return true;
         cli_printf("Please specify the correct VLAN ID (%d~%d).\n", FIRST_VLAN_ID, LAST_VLAN_ID);
@@ -33,7 +35,7 @@ const char *take_vlan_word(CliContext &cli) {
     return nullptr;
 }
 
-bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, std::uint32_t &vid,
+bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid,
                             const char *&index) {
     if (arg_count(cli) != 2) {
         cli_printf(ports.refusals.words, 1, ports.last_index);

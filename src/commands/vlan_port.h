@@ -3,13 +3,10 @@
 
 #include "shell/context.h"
 
-#include <cstdint>
-
 inline constexpr int FIRST_VLAN_ID = 1;
 inline constexpr int LAST_VLAN_ID = 4094;
 
-// Negative numbers are none, read signed or unsigned.
-inline constexpr bool is_vlan_id(std::int64_t number) {
+inline constexpr bool is_vlan_id(int number) {
     return number >= FIRST_VLAN_ID && number <= LAST_VLAN_ID;
 }
 
@@ -87,14 +84,14 @@ inline constexpr IndexedPorts WDS_PORTS = {
 int refuse_vlan_id();
 
 // Takes the next word as a VLAN ID. False after saying why not.
-bool take_vlan_id(CliContext &cli, std::uint32_t &vid);
+bool take_vlan_id(CliContext &cli, int &vid);
 
 // Takes the first of the words as a VLAN ID and leaves it as typed. Null after saying why not.
 const char *take_vlan_word(CliContext &cli);
 
 // Takes the two words of a line as a VLAN ID and an index, which stays as typed. False after
 // saying why not.
-bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, std::uint32_t &vid,
+bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid,
                             const char *&index);
 
 // Takes the only word of a line as an index, refused with one of `refusals`. False after that.
