@@ -5,11 +5,15 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// `set arpspoofing add <ip> <mac>`: into the first free one of eight rules.
+// `set arpspoofing add <ip> <mac>`: into the first free one of eight rules. Refuses a full table,
+// and other words with its usage.
 int add_arp_rule(CliContext &cli, const char *word, CliCommand *subtable);
 
-// `set arpspoofing delete <index>`: leaves a hole, where the list ends from then on.
+// `set arpspoofing delete <1..8>`: leaves a hole, where the list ends from then on. Refuses other
+// words with its usage.
 int delete_arp_rule(CliContext &cli, const char *word, CliCommand *subtable);
+
+// These two ignore words.
 int delete_arp_rules(CliContext &cli, const char *word, CliCommand *subtable);
 int get_arp_rules(CliContext &cli, const char *word, CliCommand *subtable);
 

@@ -19,13 +19,19 @@ bool includes_limit(int type, int limit);
 // `set ladtype <0..3>`. A type with address pools needs one; a type with the VLAN switches VLAN
 // operation off.
 int set_admin_limit_type(CliContext &cli, const char *word, CliCommand *subtable);
+
+// `set ladvid <1..4094>`.
 int set_admin_limit_vid(CliContext &cli, const char *word, CliCommand *subtable);
 
-// `set ladippool-add <index> <start> <end>`. Takes the pools out of the type when none is left.
+// `set ladippool-add <index> <start> <end>`: both edges as typed; says nothing of an index other
+// than 1..4. Takes the pools out of the type when none is left.
 int add_admin_pool(CliContext &cli, const char *word, CliCommand *subtable);
+
+// `set ladippool-del <1..4>`.
 int delete_admin_pool(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Return 0; or -1 after "Error: fail to allocate memery" for a failed read.
+// `get ladvid` and `get ladippool <1..4>`. Return 0; or -1 after "Error: fail to allocate memery"
+// for a failed read.
 int get_admin_limit_vid(CliContext &cli, const char *word, CliCommand *subtable);
 int get_admin_pool(CliContext &cli, const char *word, CliCommand *subtable);
 

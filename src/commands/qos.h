@@ -9,11 +9,16 @@
 // `set qos rule add <index> <option> <value> [<range>]`: writes the nodes of one option of a rule.
 // Returns 0; or -1 after the usage text.
 int add_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
+
+// `set qos rule apply|suspend <index>`. Return 0; or -1 after the usage line, for a wrong index
+// after that of `add`.
 int apply_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
 int suspend_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Returns 0, also after its usage line.
+// `set qos rule delete <index>`. Returns 0, also after its usage line.
 int delete_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
+
+// All rules that have a name. Words are ignored.
 int list_qos_rules(CliContext &cli, const char *word, CliCommand *subtable);
 
 // The displays call the classifiers by other names. Meant so.

@@ -13,6 +13,7 @@ int enable_vlan(CliContext &cli, const char *word, CliCommand *subtable);
 // last VLAN that it is an untagged member of, or else 1.
 int enable_auto_pvid(CliContext &cli, const char *word, CliCommand *subtable);
 
+// "dynamic" for 1, else "static".
 const char *vlan_mode_name(int number);
 
 // Takes the first word as a VLAN ID and writes it as typed to the node of `path`. Returns 0; or -1
@@ -35,7 +36,8 @@ int show_number(CliContext &cli, const char *, CliCommand *) {
     return show_node_number(cli, Path.text, Format.text);
 }
 
-// PVIDs of the current band's ports that have an index.
+// PVIDs of the current band's ports that have an index: words VID INDEX, or INDEX. Return 0; or -1
+// after saying why not.
 int set_multi_pvid(CliContext &cli, const char *word, CliCommand *subtable);
 int set_wds_pvid(CliContext &cli, const char *word, CliCommand *subtable);
 int get_multi_pvid(CliContext &cli, const char *word, CliCommand *subtable);

@@ -11,7 +11,7 @@ inline constexpr char ZONE_ADDRESSES[] = "/wlan/inf:%d/zonedefence_ip/ipaddr:%d"
 // Also makes the radio refuse the clients of its access control list.
 int enable_zone_defence(CliContext &cli, const char *word, CliCommand *subtable);
 
-// Take one word, a host address.
+// Take one word, a host address. Return 0; or -1 after saying why not.
 int add_zone_address(CliContext &cli, const char *word, CliCommand *subtable);
 int delete_zone_address(CliContext &cli, const char *word, CliCommand *subtable);
 
