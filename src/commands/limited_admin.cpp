@@ -1,5 +1,6 @@
 #include "commands/limited_admin.h"
 
+#include "commands/vlan_port.h"
 #include "config/apply.h"
 #include "config/node_access.h"
 #include "shell/args.h"
@@ -79,7 +80,7 @@ int set_admin_limit_type(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_admin_limit_vid(CliContext &cli, const char *, CliCommand *) {
-    if (!is_only_word_in(cli, 1, 4094)) {
+    if (!is_only_word_in(cli, FIRST_VLAN_ID, LAST_VLAN_ID)) {
         cli_printf("Please specify valid VLAN ID (1-4094).\n");
         return CLI_DONE;
     }
@@ -115,7 +116,7 @@ int get_admin_limit_vid(CliContext &, const char *, CliCommand *) {
     ShortValue<10> vid;
     if (cfg_get(vid, "/sys/adminlimit/vlanid") != 0)
         return refuse(FAIL_TO_ALLOCATE);
-    if (in_range(vid.text(), 1, 4094) != 0)
+    if (is_vlan_id(vid.number()))
         cli_printf("Limited Administration VLAN ID: %d\n", vid.number());
     else
         cli_printf("Error: not valid VLAN ID\n");
