@@ -14,8 +14,6 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-constexpr int SECOND_RADIO = 1;
-
 TEST(Band, IsSelectedByOneWordOfZeroOrOne) {
     char prompt[PROMPT_SIZE] = "other";
     cli_prompt = prompt;
@@ -39,30 +37,6 @@ TEST(Band, IsSelectedByOneWordOfZeroOrOne) {
     EXPECT_EQ(select("0"), "current band is: 0 (0:2.4G, 1:5G)\nband 0, result 0");
     EXPECT_EQ(operating_band, 0);
     cli_prompt = nullptr;
-}
-
-TEST(Band, ChoosesTheInterface) {
-    FakeDaemon daemon;
-    daemon.put("/wlan/inf:2/ssid", "Upstairs");
-    daemon.put("/wlan/inf:2/acktimeout_a", "25");
-    daemon.put("/runtime/stats/wlan/inf:2/channel", "149");
-    const auto run = [](const std::string &line) {
-        return dispatch_line(root_table(), line, SECOND_RADIO).out;
-    };
-    EXPECT_EQ(run("get ssid"), "SSID:Upstairs\n");
-    EXPECT_EQ(run("get acktimeout"), "acktimeout:25 micro sec\n");
-    EXPECT_EQ(run("get channel"), "channel:149\n");
-    daemon.take_requests();
-    for (const char *line :
-         {"set ssid Attic", "set wmm enable", "set cwm auto", "set dtim 3", "set acktimeout_g 48",
-          "set wlmode an", "set dfstest 1", "set band 5G"})
-        EXPECT_EQ(dispatch_line(root_table(), line, SECOND_RADIO).result, 0) << line;
-    // Three of them know one radio only.
-    EXPECT_EQ(daemon.take_writes(),
-              (Lines{"set /wlan/inf:2/ssid Attic", "set /wlan/inf:2/wmm/enable 1",
-                     "set /wlan/inf:2/cwmmode 1", "set /wlan/inf:2/dtim 3",
-                     "set /wlan/inf:2/acktimeout_g 48", "set /wlan/inf:1/wlmode 8",
-                     "set /wlan/inf:1/dfstest 1", "set /wlan/ch_mode 1"}));
 }
 
 // The lines of `get availablechannel` with so many channels in each of the tables.
