@@ -74,43 +74,27 @@ TEST_F(LanServices, ListsOfTheRadioEndWhereTheyAreFull) {
 
 // What they print is to be seen in the console sessions.
 TEST_F(LanServices, OnlySomeRefusalsFail) {
-    static constexpr const char *FAILING[] = {"pvid_eth 0",
-                                              "intrusion 3",
-                                              "macaddradd 0",
-                                              "macaddrdel 0",
-                                              "macclonetype",
-                                              "intrusion 3 4",
-                                              "intrusion 3 -1",
-                                              "intrusion 3 1 1",
-                                              "multi-pvid 20 4",
-                                              "ipaddr 127.0.0.1",
-                                              "groupviddel 4095",
-                                              "dhcp_wins 0.0.0.1",
-                                              "ipmask 255.0.255.0",
-                                              "dhcp_leasetime 1 2",
-                                              "groupvid_sys Tag 0",
-                                              "wds-groupvid Tag 20",
-                                              "groupvidname x 4095",
-                                              "arpspoofing delete 9",
-                                              "groupvid_eth Tag 4095",
-                                              "dhcp_staticip_set_mac 0",
-                                              "rogue_set_type_mac 1 2 3",
-                                              "dhcp_staticip_set_hostname",
-                                              "arpspoofing add 10.0.0.1 0",
-                                              "zone-defence-addip 10.0.0.0",
-                                              "zone-defence-delip 10.0.0.1"};
-    static constexpr const char *HANDLED[] = {
-        "mcastrate 2.4G_Band 25", "autorekey time 169 Sun 1:00", "ladvid 4095",
-        "ladippool-del 5",        "qos rule delete 65",          "groupvidname x 20",
-        "groupviddel 20",         "macclonetype Auto",           "maccloneaddr",
-        "maccloneaddr 0"};
     const auto expect_result = [this](const char *line, int result) {
         EXPECT_EQ(run(std::string("set ") + line).result, result) << line;
         EXPECT_EQ(daemon_.take_writes(), Writes{}) << line;
     };
-    for (const char *line : FAILING)
+    for (const char *line :
+         {"ipaddr 127.0.0.1", "ipmask 255.0.255.0", "dhcp_wins 0.0.0.1", "dhcp_leasetime 1 2",
+          "dhcp_staticip_set_hostname", "dhcp_staticip_set_mac 0", "macclonetype"})
         expect_result(line, CLI_REFUSED);
-    for (const char *line : HANDLED)
+    for (const char *line :
+         {"macaddradd 0", "macaddrdel 0", "rogue_set_type_mac 1 2 3", "intrusion 3",
+          "intrusion 3 4", "intrusion 3 -1", "intrusion 3 1 1", "zone-defence-addip 10.0.0.0",
+          "zone-defence-delip 10.0.0.1", "arpspoofing add 10.0.0.1 0", "arpspoofing delete 9"})
+        expect_result(line, CLI_REFUSED);
+    for (const char *line :
+         {"pvid_eth 0", "multi-pvid 20 4", "groupvid_eth Tag 4095", "groupvid_sys Tag 0",
+          "wds-groupvid Tag 20", "groupvidname x 4095", "groupviddel 4095"})
+        expect_result(line, CLI_REFUSED);
+    for (const char *line :
+         {"mcastrate 2.4G_Band 25", "autorekey time 169 Sun 1:00", "ladvid 4095", "ladippool-del 5",
+          "qos rule delete 65", "groupvidname x 20", "groupviddel 20", "macclonetype Auto",
+          "maccloneaddr", "maccloneaddr 0"})
         expect_result(line, CLI_DONE);
     EXPECT_EQ(pending_apply, 0U);
 }
