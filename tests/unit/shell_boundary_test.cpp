@@ -1,6 +1,5 @@
 // Words of others in command lines: no word makes the shell do anything but the one stated command.
 #include "fake_daemon.h"
-#include "payload_lines.h"
 #include "recording_shell.h"
 #include "shell_boundary.h"
 #include "table_walk.h"
@@ -8,6 +7,7 @@
 
 #include "shell/builtins.h"
 
+#include <array>
 #include <gtest/gtest.h>
 #include <set>
 
@@ -23,6 +23,45 @@ TEST(ShellSyntax, TellsSimpleCommandsFromTheRest) {
                              "a (b)", "a 'b", "a \"b", "a \"$b\"", "a \"`b`\"", "a \\",  "a *",
                              "a ~",   "a #b", "a\nb",  "a >",      "a > > b",   "x=1 a", "a {b,c}"})
         EXPECT_FALSE(parse_simple_command(line)) << line;
+}
+
+// "%" stands for the word that tries, between words that get commands past their checks.
+constexpr std::array PAYLOAD_PATTERNS{
+    "%", "% %", "% % % %", "% 1.2.3.4", "% 1.2.3.4 % %", "00:11:22:33:44:55 % % %", "1 %", "% 1",
+};
+
+// `path` with the words of a pattern, "%" replaced by `payload`.
+std::string payload_line(const std::string &path, const std::string &pattern,
+                         const std::string &payload) {
+    std::string line = path + ' ';
+    for (const char c : pattern)
+        line += c == '%' ? payload : std::string(1, c);
+    return line;
+}
+
+// Words that would make a shell do more than it is told if they reached it bare: run `command` (a
+// word without blanks), open or close quotes, expand, redirect.
+std::vector<std::string> payloads(const std::string &command) {
+    return {";" + command + ";",
+            "|" + command,
+            "&" + command + "&",
+            "&&" + command,
+            "||" + command,
+            "$(" + command + ")",
+            "`" + command + "`",
+            "a>" + command,
+            "a<" + command,
+            "';" + command + ";'",
+            "\";" + command + ";\"",
+            "\\';" + command + ";\\'",
+            "'\"'\"';" + command,
+            "\\",
+            "'",
+            "$IFS*?[a]{b,c}~!!#^=",
+            "-",
+            "--;" + command,
+            "\x01\x7f\xff;" + command,
+            std::string(1000, '\'') + ";" + command};
 }
 
 // A command with a pattern of words that get into the command line which it runs.
