@@ -45,7 +45,15 @@ public:
         directory_ = directory;
         socket_ = directory_ + "/socket";
         xmldb_default_socket = socket_.c_str();
-        start();
+        UniqueFd listener(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        socket_.copy(address.sun_path, sizeof address.sun_path - 1);
+        if (bind(listener.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) !=
+                0 ||
+            listen(listener.get(), 64) != 0)
+            std::abort();
+        thread_ = std::thread(&FakeDaemon::serve, this, std::move(listener));
     }
     FakeDaemon(const FakeDaemon &) = delete;
     FakeDaemon &operator=(const FakeDaemon &) = delete;
@@ -57,26 +65,13 @@ public:
         xmldb_default_socket = usual_socket_;
     }
 
-    // Goes away, so that nobody can connect; comes back with what it knew.
+    // Goes away for good, so that nobody can connect.
     void stop() {
         if (!thread_.joinable())
             return;
         std::ignore = write(wake_[1], "", 1);
         thread_.join();
         unlink(socket_.c_str());
-    }
-    void start() {
-        if (thread_.joinable())
-            return;
-        UniqueFd listener(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        socket_.copy(address.sun_path, sizeof address.sun_path - 1);
-        if (bind(listener.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) !=
-                0 ||
-            listen(listener.get(), 64) != 0)
-            std::abort();
-        thread_ = std::thread(&FakeDaemon::serve, this, std::move(listener));
     }
 
     void behave(Manner manner) {
@@ -224,11 +219,11 @@ private:
     }
 
     void record(std::uint16_t action, const std::string &payload) {
-        static const std::map<int, std::string> NAMES{
-            {XMLDB_GET, "get"}, {XMLDB_SET, "set"}, {XMLDB_DEL, "del"}};
-        const auto name = NAMES.find(action);
-        requests_.push_back((name != NAMES.end() ? name->second : std::to_string(action)) + ' ' +
-                            payload);
+        const std::string name = action == XMLDB_GET   ? "get"
+                                 : action == XMLDB_SET ? "set"
+                                 : action == XMLDB_DEL ? "del"
+                                                       : std::to_string(action);
+        requests_.push_back(name + ' ' + payload);
     }
 
     void change(std::uint16_t action, const std::string &payload) {
