@@ -52,23 +52,18 @@ constinit auto root = command_table({
     {"Master", "Capital", leaf},
 });
 
-// The debug level unlocked while it lives.
-class Unlocked {
-public:
-    Unlocked() { debug_locked = 0; }
-    Unlocked(const Unlocked &) = delete;
-    Unlocked &operator=(const Unlocked &) = delete;
-    ~Unlocked() { debug_locked = -1; }
-};
-
 std::string listed(const std::string &path, const std::string &help) {
     return path + std::string(path.size() < 35 ? 35 - path.size() : 0, ' ') + " -- " + help + '\n';
 }
 
 const std::string HINT = "Type \"help\" for a list of valid commands.\n";
 const std::string PARAMETERS = "List of valid parameter(s):\n";
-const std::string ACL_LISTING = listed(" add", "Add one") + listed(" del", "Delete one") +
-                                listed(" del2", "Delete two") + listed(" delMore", "Delete more");
+
+// The rows of acl_rows behind the path of a table.
+std::string listed_acl(const std::string &path) {
+    return listed(path + " add", "Add one") + listed(path + " del", "Delete one") +
+           listed(path + " del2", "Delete two") + listed(path + " delMore", "Delete more");
+}
 
 struct DispatchCase {
     const char *line;
@@ -126,11 +121,11 @@ TEST(Dispatch, ReportsUnknownWords) {
         {"set second", -1, "", "Invalid parameter: second\n" + HINT},
         {"set third", -1, "", "Invalid parameter: third\n" + HINT},
         // The first of the longest matches is taken or none.
-        {"set acl delm", -1, "", "Invalid parameter: delm\n" + PARAMETERS + ACL_LISTING},
-        {"set acl x y", -1, "", "Invalid parameter: x y\n" + PARAMETERS + ACL_LISTING},
+        {"set acl delm", -1, "", "Invalid parameter: delm\n" + PARAMETERS + listed_acl("")},
+        {"set acl x y", -1, "", "Invalid parameter: x y\n" + PARAMETERS + listed_acl("")},
         // Of several rows that share a beginning none lists anything; the one above does.
         {"s foo", 5, "", "Invalid parameter: foo\n" + HINT},
-        {"set ac x", -1, "", "Invalid parameter: x\n" + PARAMETERS + ACL_LISTING},
+        {"set ac x", -1, "", "Invalid parameter: x\n" + PARAMETERS + listed_acl("")},
         {"s ac x", 7, "", "Invalid parameter: x\n" + PARAMETERS},
     };
     for (const DispatchCase &one : cases)
@@ -142,7 +137,7 @@ TEST(Dispatch, ReportsUnknownWords) {
 }
 
 TEST(Dispatch, ShowsDebugRowsOnceUnlocked) {
-    const Unlocked unlocked;
+    const DebugUnlocked unlocked;
     const DispatchCase cases[] = {
         {"s x", 0, "shell s 1;", ""},
         {"set deb", 0, "debug deb 0;", ""},
@@ -156,17 +151,12 @@ TEST(Dispatch, ShowsDebugRowsOnceUnlocked) {
 TEST(Dispatch, ListsAFamilyForItsLonelyName) {
     const std::string set_listing =
         listed("set ssid", "Set SSID") + listed("set autoChannel", "Set channel selection") +
-        listed("set autorekey", "Set rekeying") + listed("set acl add", "Add one") +
-        listed("set acl del", "Delete one") + listed("set acl del2", "Delete two") +
-        listed("set acl delMore", "Delete more") + listed("set first", "On the first radio") +
-        listed("set broken", "Without its subtable");
-    const std::string acl_listing = listed("acl add", "Add one") + listed("acl del", "Delete one") +
-                                    listed("acl del2", "Delete two") +
-                                    listed("acl delMore", "Delete more");
+        listed("set autorekey", "Set rekeying") + listed_acl("set acl") +
+        listed("set first", "On the first radio") + listed("set broken", "Without its subtable");
     expect_dispatch({"set", 3, "", set_listing});
     expect_dispatch({"s", 3, "", set_listing});
-    expect_dispatch({"set acl", 3, "", acl_listing});
-    expect_dispatch({"s ac", 3, "", acl_listing});
+    expect_dispatch({"set acl", 3, "", listed_acl("acl")});
+    expect_dispatch({"s ac", 3, "", listed_acl("acl")});
 }
 
 TEST(Dispatch, ReadsResultsOfASingleMatchOnly) {
@@ -191,9 +181,7 @@ TEST(Listing, GoesAsDeepAsItsLevel) {
         return capture_output([&] { cli_list(line.cli(), root.data(), "", filter, level); }).out;
     };
     EXPECT_EQ(list("s", LIST_ROWS), listed(" snmp", "SNMP Commands"));
-    EXPECT_EQ(list("sn", LIST_FAMILY),
-              listed(" snmp add", "Add one") + listed(" snmp del", "Delete one") +
-                  listed(" snmp del2", "Delete two") + listed(" snmp delMore", "Delete more"));
+    EXPECT_EQ(list("sn", LIST_FAMILY), listed_acl(" snmp"));
     EXPECT_EQ(list(nullptr, 5), listed(" help", "Display list") + listed(" ping", "Ping a host") +
                                     listed(" Master", "Capital"));
     EXPECT_EQ(list("del2", LIST_TREE),
@@ -215,7 +203,7 @@ TEST(Listing, HelpShowsOneLevelOrTheTree) {
     EXPECT_TRUE(tree.out.starts_with(heading + listed(" set ssid", "Set SSID")));
     EXPECT_NE(tree.out.find(listed(" set acl add", "Add one")), std::string::npos);
     EXPECT_EQ(tree.out.find(" ?"), std::string::npos);
-    const Unlocked unlocked;
+    const DebugUnlocked unlocked;
     const CommandRun unlocked_help = dispatch_line(root.data(), "help");
     EXPECT_TRUE(unlocked_help.out.starts_with(heading + listed(" ?", "Display list") +
                                               listed(" exit", "Logout") +
@@ -261,9 +249,7 @@ TEST(Completion, CompletesWordsAndListsCandidates) {
         {"set au", "set auto",
          listed("set autoChannel", "Set channel selection") +
              listed("set autorekey", "Set rekeying")},
-        {"set acl ", "set acl ",
-         listed("set acl add", "Add one") + listed("set acl del", "Delete one") +
-             listed("set acl del2", "Delete two") + listed("set acl delMore", "Delete more")},
+        {"set acl ", "set acl ", listed_acl("set acl")},
     };
     for (const auto &one : cases) {
         SCOPED_TRACE(one.before);
@@ -288,7 +274,7 @@ TEST(Completion, LeavesTheRestAlone) {
         EXPECT_FALSE(completion.fits) << before;
         EXPECT_EQ(completion.printed, "") << before;
     }
-    const Unlocked unlocked;
+    const DebugUnlocked unlocked;
     EXPECT_EQ(complete("she").line, "shell ");
     EXPECT_EQ(complete("exit").line, "exit ");
     EXPECT_FALSE(complete("exi").fits);

@@ -22,12 +22,3 @@ template <class Visit>
 void walk_tables(Visit visit) {
     walk_table(root_table(), "", visit);
 }
-
-// The debug level unlocked while it lives.
-class DebugUnlocked {
-public:
-    DebugUnlocked() { debug_locked = 0; }
-    DebugUnlocked(const DebugUnlocked &) = delete;
-    DebugUnlocked &operator=(const DebugUnlocked &) = delete;
-    ~DebugUnlocked() { debug_locked = -1; }
-};

@@ -56,3 +56,12 @@ inline CommandRun dispatch_line(CliCommand *table, const std::string &line, int 
     run.err = captured.err;
     return run;
 }
+
+// The debug level unlocked while it lives.
+class DebugUnlocked {
+public:
+    DebugUnlocked() { debug_locked = 0; }
+    DebugUnlocked(const DebugUnlocked &) = delete;
+    DebugUnlocked &operator=(const DebugUnlocked &) = delete;
+    ~DebugUnlocked() { debug_locked = -1; }
+};
