@@ -97,38 +97,27 @@ TEST(Administration, GoesOnAfterFailedWrites) {
         const char *line;
         const char *message;
         std::uint32_t apply_bits;
-        Lines commands;
+        const char *commands = ""; // that run, one a line
     } CASES[] = {
-        {set_syslog, "system 0", "\nUnable to set Log system state to disable!\n", APPLY_WLAN, {}},
-        {set_syslog, "ssl 1", "\nUnable to set SMTP SSL state to enable!\n", APPLY_WLAN, {}},
+        {set_syslog, "system 0", "\nUnable to set Log system state to disable!\n", APPLY_WLAN},
+        {set_syslog, "ssl 1", "\nUnable to set SMTP SSL state to enable!\n", APPLY_WLAN},
         // Worded like a switch, with the first profile as off.
-        {set_syslog,
-         "smtpindex 1",
-         "\nUnable to set SMTP index state to disable!\n",
-         APPLY_WLAN,
-         {}},
-        {set_syslog,
-         "smtpindex 3",
-         "\nUnable to set SMTP index state to enable!\n",
-         APPLY_WLAN,
-         {}},
-        {set_syslog, "smtptime 2", "\nUnable to set SMTP mail time!\n", APPLY_WLAN, {}},
-        {set_syslog, "remoteip 10.0.0.1", "\nUnable to set Log Server IP!\n", APPLY_WLAN, {}},
-        {set_time_zone, "5", "\nUnable to set time zone!\n", 0, {}},
-        {set_daylight_saving, "1", "\nUnable to Daylight Saving Time!\n", APPLY_WAN, {}},
+        {set_syslog, "smtpindex 1", "\nUnable to set SMTP index state to disable!\n", APPLY_WLAN},
+        {set_syslog, "smtpindex 3", "\nUnable to set SMTP index state to enable!\n", APPLY_WLAN},
+        {set_syslog, "smtptime 2", "\nUnable to set SMTP mail time!\n", APPLY_WLAN},
+        {set_syslog, "remoteip 10.0.0.1", "\nUnable to set Log Server IP!\n", APPLY_WLAN},
+        {set_time_zone, "5", "\nUnable to set time zone!\n", 0},
+        {set_daylight_saving, "1", "\nUnable to Daylight Saving Time!\n", APPLY_WAN},
         // Nothing is said of a failure from here on.
-        {set_time_server, "enable", "Set SNTP Server to Enable!\n", APPLY_WAN, {}},
-        {set_time_server,
-         "10.0.0.1",
-         "\nSet SNTP Server IP successfully!\n",
-         APPLY_WAN,
-         {"/etc/scripts/misc/profile.sh put", "sh /etc/templates/timezones.sh",
-          "sh /etc/templates/ntp.sh start"}},
-        {set_value<LOCATION>, "hall", "", APPLY_WAN, {}},
-        {set_assoc_limit_number, "0", "", APPLY_WLAN, {}},
-        {set_testlog, "count 0", "\nUnable to set syslog count!\n", APPLY_WAN, {}},
-        {set_web, "enable", "\nUnable to set enable!\n", 0, {}},
-        {set_web, "disable", "\nUnable to set disable!\n", 0, {"/etc/templates/webs.sh stop"}},
+        {set_time_server, "enable", "Set SNTP Server to Enable!\n", APPLY_WAN},
+        {set_time_server, "10.0.0.1", "\nSet SNTP Server IP successfully!\n", APPLY_WAN,
+         "/etc/scripts/misc/profile.sh put\nsh /etc/templates/timezones.sh\n"
+         "sh /etc/templates/ntp.sh start\n"},
+        {set_value<LOCATION>, "hall", "", APPLY_WAN},
+        {set_assoc_limit_number, "0", "", APPLY_WLAN},
+        {set_testlog, "count 0", "\nUnable to set syslog count!\n", APPLY_WAN},
+        {set_web, "enable", "\nUnable to set enable!\n", 0},
+        {set_web, "disable", "\nUnable to set disable!\n", 0, "/etc/templates/webs.sh stop\n"},
     };
     FakeDaemon daemon;
     daemon.put("/sys/log/smtpindex", "2");
@@ -140,7 +129,10 @@ TEST(Administration, GoesOnAfterFailedWrites) {
         EXPECT_EQ(run.result, CLI_DONE) << test.line;
         EXPECT_EQ(run.out, test.message);
         EXPECT_EQ(pending_apply, test.apply_bits) << test.line;
-        EXPECT_EQ(shell.take_lines(), test.commands) << test.line;
+        std::string commands;
+        for (const std::string &line : shell.take_lines())
+            commands += line + '\n';
+        EXPECT_EQ(commands, test.commands) << test.line;
     }
     pending_apply = 0;
 }
