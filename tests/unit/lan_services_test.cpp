@@ -122,8 +122,9 @@ TEST_F(LanServices, RefusalsPrintTheUsage) {
                     "set qos rule suspend <index>(1~64)\n");
     expect_refusals(CLI_DONE, "set qos rule delete", {"", "0", "65", "1 2"},
                     "set qos rule delete <index>(1~64)\n");
-    expect_refusals(CLI_DONE, "set autorekey time",
-                    {"0 Sun 12:00", "169 Sun 12:00", "x Sun 12:00", "3 Sun", "3 Sun 12:00 x"});
+    expect_refusals(
+        CLI_DONE, "set autorekey time",
+        {"0 Sun 12:00", "169 Sun 12:00", "x Sun 12:00", "+5 Sun 12:00", "3 Sun", "3 Sun 12:00 x"});
     expect_refusals(CLI_DONE, "set autorekey ssid", {"8 1", "-1 1", "1 2", "1 -1", "1", "1 1 1"});
     expect_refusals(
         CLI_DONE, "set autorekey mail",
