@@ -1,6 +1,4 @@
 // What a console session cannot bring about: databases that refuse, files of any length.
-#include "captured_output.h"
-#include "failing_allocation.h"
 #include "fake_daemon.h"
 #include "recording_shell.h"
 #include "typed_line.h"
@@ -68,11 +66,6 @@ TEST(Snmp, SaysWhatCouldNotBeWrittenAndSavesNothing) {
     EXPECT_EQ(call_handler(set_snmp_auth_trap, "disable").out, "\nUnable to set disable!\n");
     EXPECT_TRUE(shell.take_lines().empty());
     EXPECT_EQ(pending_apply, 0U);
-}
-
-TEST(Snmp, ListsNoUsersWithoutMemory) {
-    const FailingAllocation failing(1);
-    EXPECT_EQ(call_handler(show_snmp_users, "").out, "no enough memory!\n");
 }
 
 } // namespace

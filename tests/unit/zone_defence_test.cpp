@@ -6,6 +6,7 @@
 #include "commands/zone_defence.h"
 
 #include <gtest/gtest.h>
+#include <utility>
 
 namespace {
 
@@ -37,15 +38,6 @@ protected:
     FakeDaemon daemon_;
 };
 
-TEST_F(ZoneIpv6, StoresTheCanonicalTextInTheFirstEmptyEntry) {
-    daemon_.put(entry(1), "fe80::1");
-    const CommandRun run = add("2001:DB8:0:0:0:0:0:1");
-    EXPECT_EQ(run.result, CLI_DONE);
-    EXPECT_EQ(run.out, "");
-    EXPECT_EQ(daemon_.take_writes(), Requests{"set " + entry(2) + " 2001:db8::1"});
-    EXPECT_EQ(pending_apply, APPLY_WLAN);
-}
-
 TEST_F(ZoneIpv6, RefusesDuplicatesAndTheSixtyFifthAddress) {
     for (int index = 1; index <= 64; ++index)
         daemon_.put(entry(index), "fe80::" + std::to_string(index));
@@ -53,13 +45,17 @@ TEST_F(ZoneIpv6, RefusesDuplicatesAndTheSixtyFifthAddress) {
     expect_refused(add("::1"), " Error! Zonedefence IP entry number only allow maximum 64\n");
 }
 
-TEST_F(ZoneIpv6, DeletesWhatStandsBeforeTheFirstHole) {
-    daemon_.put(entry(1), "fe80::1");
-    daemon_.put(entry(2), "fe80::2");
-    daemon_.put(entry(4), "fe80::4");
+TEST_F(ZoneIpv6, EndsItsListAtTheFirstHole) {
+    for (const int index : {1, 2, 4})
+        daemon_.put(entry(index), "fe80::" + std::to_string(index));
     expect_refused(remove("fe80::4"), "error macaddrdel!\n");
     EXPECT_EQ(remove("FE80::0:2").result, CLI_DONE);
-    EXPECT_EQ(daemon_.take_writes(), Requests{"del " + entry(2)});
+    EXPECT_EQ(std::exchange(pending_apply, 0), APPLY_WLAN);
+    const CommandRun added = add("2001:DB8:0:0:0:0:0:1");
+    EXPECT_EQ(added.result, CLI_DONE);
+    EXPECT_EQ(added.out, "");
+    EXPECT_EQ(daemon_.take_writes(),
+              (Requests{"del " + entry(2), "set " + entry(2) + " 2001:db8::1"}));
     EXPECT_EQ(pending_apply, APPLY_WLAN);
 }
 
