@@ -1,12 +1,12 @@
-// What of the radio family no session at the console shows: the second radio, long channel tables,
-// repeated restarts.
+// What of the radio family no session at the console shows: selecting the other radio, long channel
+// tables, repeated restarts.
 #include "fake_daemon.h"
 #include "recording_shell.h"
-#include "table_walk.h"
 #include "typed_line.h"
 
 #include "commands/radio.h"
 #include "shell/prompt.h"
+#include "tables/root.h"
 
 #include <gtest/gtest.h>
 

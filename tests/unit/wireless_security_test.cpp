@@ -1,11 +1,9 @@
 // Wireless security where a console session cannot reach it: every combination of the compatibility
-// rule, and the radio that no command selects.
+// rule, and the ciphers that it falls back to on the radio that no command selects.
 #include "fake_daemon.h"
-#include "recording_shell.h"
 #include "typed_line.h"
 
 #include "commands/security.h"
-#include "tables/root.h"
 
 #include <gtest/gtest.h>
 
@@ -16,22 +14,6 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
-class WirelessSecurity : public testing::Test {
-protected:
-    void SetUp() override { pending_apply = 0; }
-
-    // What was written, and then which command lines ran, since the last call.
-    Lines take_effects() {
-        Lines effects = daemon_.take_writes();
-        for (const std::string &line : shell_.take_lines())
-            effects.push_back("ran " + line);
-        return effects;
-    }
-
-    FakeDaemon daemon_;
-    RecordingShell shell_;
-};
-
 bool is_refused(int mode, int authentication, int cipher) {
     const bool needs_more_than_a_client =
         authentication == 1 || authentication == 2 || authentication == 4 || authentication == 6;
@@ -40,17 +22,18 @@ bool is_refused(int mode, int authentication, int cipher) {
            (authentication == 1 && cipher != 1) || (authentication == 9 && cipher != 1);
 }
 
-TEST_F(WirelessSecurity, ChecksEveryCombinationForEachChange) {
+TEST(WirelessSecurity, ChecksEveryCombinationForEachChange) {
+    FakeDaemon daemon;
     for (int mode = 0; mode <= 5; ++mode) {
         for (int authentication = 0; authentication <= 10; ++authentication) {
             for (int cipher = 0; cipher <= 5; ++cipher) {
                 SCOPED_TRACE(testing::Message() << mode << ' ' << authentication << ' ' << cipher);
                 const int refused = is_refused(mode, authentication, cipher) ? 1 : 0;
                 const auto check = [&](SecurityChange change, int value, const char *node) {
-                    daemon_.put("/wlan/inf:1/ap_mode", std::to_string(mode));
-                    daemon_.put("/wlan/inf:1/authentication", std::to_string(authentication));
-                    daemon_.put("/wlan/inf:1/wpa/wepmode", std::to_string(cipher));
-                    daemon_.put(node, "7"); // replaced by the new value
+                    daemon.put("/wlan/inf:1/ap_mode", std::to_string(mode));
+                    daemon.put("/wlan/inf:1/authentication", std::to_string(authentication));
+                    daemon.put("/wlan/inf:1/wpa/wepmode", std::to_string(cipher));
+                    daemon.put(node, "7"); // replaced by the new value
                     StreamCapture out(stdout);
                     EXPECT_EQ(security_check(change, value), refused);
                     EXPECT_EQ(out.take().empty(), refused == 0);
@@ -61,10 +44,11 @@ TEST_F(WirelessSecurity, ChecksEveryCombinationForEachChange) {
             }
         }
     }
-    EXPECT_EQ(daemon_.take_writes(), Lines{});
+    EXPECT_EQ(daemon.take_writes(), Lines{});
 }
 
-TEST_F(WirelessSecurity, FixesTheCipherByModeAndAuthentication) {
+TEST(WirelessSecurity, FixesTheCipherByModeAndAuthentication) {
+    FakeDaemon daemon;
     // The ciphers written for the authentication types 0 to 9; "-" where there is no way.
     const std::pair<int, std::string> FIXES[] = {
         {-1, "0--2-2-2-1"}, {0, "01222222-1"}, {1, "0--2-2-2-1"},
@@ -75,7 +59,7 @@ TEST_F(WirelessSecurity, FixesTheCipherByModeAndAuthentication) {
     TypedLine typed("");
     typed.cli().current_band = 1;
     for (const auto &[mode, ciphers] : FIXES) {
-        daemon_.put("/wlan/inf:2/ap_mode", std::to_string(mode));
+        daemon.put("/wlan/inf:2/ap_mode", std::to_string(mode));
         for (int type = 0; type <= 9; ++type) {
             SCOPED_TRACE(testing::Message() << mode << ' ' << type);
             const char cipher = ciphers[static_cast<std::size_t>(type)];
@@ -85,19 +69,19 @@ TEST_F(WirelessSecurity, FixesTheCipherByModeAndAuthentication) {
             if (cipher == '-') {
                 EXPECT_EQ(fixed, 0);
                 EXPECT_EQ(notice, "");
-                EXPECT_EQ(daemon_.take_writes(), Lines{});
+                EXPECT_EQ(daemon.take_writes(), Lines{});
                 continue;
             }
             const std::string name = type == 9 ? "Dynamic WEP Keying" : NAMES.at(cipher);
             EXPECT_EQ(fixed, 1);
             EXPECT_EQ(notice, "NOTICE: Set Cipher to " + name + ". \n");
-            EXPECT_EQ(daemon_.take_writes(),
+            EXPECT_EQ(daemon.take_writes(),
                       Lines{std::string("set /wlan/inf:2/wpa/wepmode ") + cipher});
         }
     }
     EXPECT_EQ(security_fixup(typed.cli(), SecurityChange::Mode, 4), 0);
     EXPECT_EQ(security_fixup(typed.cli(), SecurityChange::Cipher, 0), 0);
-    EXPECT_EQ(daemon_.take_writes(), Lines{});
+    EXPECT_EQ(daemon.take_writes(), Lines{});
 }
 
 } // namespace
