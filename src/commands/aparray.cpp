@@ -38,7 +38,7 @@ const SyncItem &typed_sync_item() {
 
 int write_sync_flag(bool on) {
     const SyncItem &item = typed_sync_item();
-    cfg_set(on ? "1" : "0", "%s", item.node);
+    cfg_set_plain(on ? "1" : "0", item.node);
     pending_apply |= APPLY_NEAPC;
     // One of the 64 messages has two blanks. Meant so.
     const bool two_blanks = !on && std::strcmp(item.word, "ssid") == 0;
@@ -86,7 +86,7 @@ int get_array_sync(CliContext &, const char *, CliCommand *) {
     if (!flag)
         return refuse(CANT_ALLOC_MEMORY);
     const SyncItem &item = typed_sync_item();
-    cfg_get(flag, "%s", item.node);
+    cfg_get_plain(flag, item.node);
     cli_printf("AP Array sync %s status is %s\n", item.word, switch_name(flag.number()));
     return CLI_DONE;
 }

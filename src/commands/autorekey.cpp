@@ -44,10 +44,10 @@ bool is_rekey_time(const char *word) {
 // own day or time.
 void read_start(ValueBuffer &value, const char *node, const char *runtime_node,
                 std::size_t length) {
-    cfg_get(value, "%s", node);
+    cfg_get_plain(value, node);
     if (!value.empty())
         return;
-    cfg_get(value, "%s", runtime_node);
+    cfg_get_plain(value, runtime_node);
     value.data()[length] = '\0';
 }
 

@@ -43,7 +43,7 @@ int show_node_name(const CliContext &cli, const char *path, const char *format, 
 
 int show_status_line(const char *path, std::initializer_list<const char *> lines) {
     ValueBuffer value(10);
-    if (!value || cfg_get(value, "%s", path) != 0)
+    if (!value || cfg_get_plain(value, path) != 0)
         return refuse(FAIL_TO_ALLOCATE);
     const auto line = static_cast<std::size_t>(value.number());
     cli_printf("%s", line < lines.size() ? lines.begin()[line]

@@ -19,11 +19,11 @@ const char *NumberedList::path(int index) const {
 }
 
 int NumberedList::read(ReadTarget value, int index) const {
-    return cfg_get(value, "%s", path(index));
+    return cfg_get_plain(value, path(index));
 }
 
 int NumberedList::write(int index, const char *text) const {
-    return cfg_set(text, "%s", path(index));
+    return cfg_set_plain(text, path(index));
 }
 
 int NumberedList::remove(int index) const {

@@ -24,7 +24,7 @@ struct Combination {
 };
 
 int read_number(ValueBuffer &value, const char *path) {
-    cfg_get(value, "%s", path);
+    cfg_get_plain(value, path);
     return value.number();
 }
 

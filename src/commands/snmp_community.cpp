@@ -46,7 +46,7 @@ int check_view(const char *name) {
 
 bool print_fixed_community(const FixedCommunity &community, const char *access) {
     SnmpText name;
-    if (cfg_get(name, "%s", community.node) != 0)
+    if (cfg_get_plain(name, community.node) != 0)
         return false;
     cli_printf("\n *%-32s %-32s %s", name.text(), "1", access);
     return true;
@@ -70,7 +70,7 @@ int edit_community(const CliContext &cli, const FixedCommunity &community) {
         return refuse_long_community();
     if (*name == '\0')
         return refuse("\nNo Community String !!\n");
-    if (cfg_set(name, "%s", community.node) != 0)
+    if (cfg_set_plain(name, community.node) != 0)
         return refuse("\nUnable to Edit!\n");
     char message[64]; // far above the longest
     std::snprintf(message, sizeof message, "\nEdit %s Community String successfully!",

@@ -47,7 +47,7 @@ int check_words(NewHost &host) {
 
 bool is_fixed_community(const char *node, const char *name) {
     SnmpText community;
-    cfg_get(community, "%s", node);
+    cfg_get_plain(community, node);
     return std::strcmp(community.text(), name) == 0;
 }
 

@@ -98,7 +98,7 @@ const char *state_phrase(const LogKeyword &keyword, const char *value) {
 
 void write_value(const LogKeyword &keyword, int profile, const char *value) {
     const int result = keyword.is_mail_field() ? write_mail_field(profile, keyword.node, value)
-                                               : cfg_set(value, "%s", keyword.node);
+                                               : cfg_set_plain(value, keyword.node);
     const char *state = state_phrase(keyword, value);
     if (result != 0) {
         cli_printf("\nUnable to set %s%s!\n", keyword.subject, state);

@@ -43,7 +43,7 @@ int show_text_or_none(const char *path, const char *label) {
     ValueBuffer value;
     if (!value)
         return refuse(MEMORY_ERROR);
-    cfg_get(value, "%s", path);
+    cfg_get_plain(value, path);
     cli_printf("%s: %s\n", label, value.empty() ? "none" : value.text());
     return CLI_DONE;
 }

@@ -12,7 +12,7 @@ namespace {
 constexpr char WEB_NODE[] = "/sys/web/enable";
 
 void start_web_server() {
-    if (cfg_set("1", "%s", WEB_NODE) != 0) {
+    if (cfg_set_plain("1", WEB_NODE) != 0) {
         cli_printf("\nUnable to set enable!\n");
         return;
     }
@@ -24,7 +24,7 @@ void start_web_server() {
 // Stops the server even when that cannot be stored.
 void stop_web_server() {
     run_command("/etc/templates/webs.sh stop");
-    if (cfg_set("0", "%s", WEB_NODE) != 0) {
+    if (cfg_set_plain("0", WEB_NODE) != 0) {
         cli_printf("\nUnable to set disable!\n");
         return;
     }
@@ -53,7 +53,7 @@ int get_web(CliContext &, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
         return refuse(MEMORY_ERROR);
-    if (cfg_get(value, "%s", WEB_NODE) == 0)
+    if (cfg_get_plain(value, WEB_NODE) == 0)
         cli_printf("WEB\tStatus: %s\n", capital_enable_word(value.number() != 0));
     return CLI_DONE;
 }

@@ -23,7 +23,9 @@ int fail(const char *message) {
     return -1;
 }
 
-int read_node(ReadTarget target, const char *path) {
+} // namespace
+
+int cfg_get_plain(ReadTarget target, const char *path) {
     target.data[0] = '\0';
     const UniqueFd connection = xmldb_open(nullptr);
     if (!connection)
@@ -37,7 +39,7 @@ int read_node(ReadTarget target, const char *path) {
     return 0;
 }
 
-int write_node(const char *value, const char *path) {
+int cfg_set_plain(const char *value, const char *path) {
     note_array_write(path);
     const UniqueFd connection = xmldb_open(nullptr);
     if (!connection)
@@ -45,14 +47,12 @@ int write_node(const char *value, const char *path) {
     return xmldb_set(connection, 0, path, value) == -1 ? fail("Set ERROR!") : 0;
 }
 
-} // namespace
-
 int cfg_get(ReadTarget target, const char *path, ...) {
     std::va_list values;
     va_start(values, path);
     const NodePath expanded(path, values);
     va_end(values);
-    return read_node(target, expanded.text);
+    return cfg_get_plain(target, expanded.text);
 }
 
 int cfg_number(const char *path, ...) {
@@ -61,7 +61,7 @@ int cfg_number(const char *path, ...) {
     const NodePath expanded(path, values);
     va_end(values);
     ShortValue<128> value;
-    read_node(value, expanded.text);
+    cfg_get_plain(value, expanded.text);
     return value.number();
 }
 
@@ -70,7 +70,7 @@ int cfg_set(const char *value, const char *path, ...) {
     va_start(values, path);
     const NodePath expanded(path, values);
     va_end(values);
-    return write_node(value, expanded.text);
+    return cfg_set_plain(value, expanded.text);
 }
 
 int cfg_set_number(long long value, const char *path, ...) {
@@ -80,7 +80,7 @@ int cfg_set_number(long long value, const char *path, ...) {
     va_end(values);
     char text[24];
     std::snprintf(text, sizeof text, "%lld", value);
-    return write_node(text, expanded.text);
+    return cfg_set_plain(text, expanded.text);
 }
 
 int cfg_del(const char *path) {

@@ -13,6 +13,9 @@ inline constexpr std::size_t NODE_PATH_LIMIT = 4095;
 // "Cannot open database.", "Get ERROR!" or "Read database failed.".
 [[gnu::format(printf, 2, 3)]] int cfg_get(ReadTarget target, const char *path, ...);
 
+// The same for a path that stands as it is.
+int cfg_get_plain(ReadTarget target, const char *path);
+
 // The decimal value of a node, 0 when it is absent, no number, or could not be read.
 [[gnu::format(printf, 1, 2)]] int cfg_number(const char *path, ...);
 
@@ -21,7 +24,10 @@ inline constexpr std::size_t NODE_PATH_LIMIT = 4095;
 // "Cannot open database." or "Set ERROR!".
 [[gnu::format(printf, 2, 3)]] int cfg_set(const char *value, const char *path, ...);
 
-// The same with a number as its decimal text.
+// The same for a path that stands as it is.
+int cfg_set_plain(const char *value, const char *path);
+
+// The same as cfg_set with a number as its decimal text.
 [[gnu::format(printf, 2, 3)]] int cfg_set_number(long long value, const char *path, ...);
 
 // Deletes the node of a plain path. Returns 0; or -1 after "Cannot open database." or

@@ -23,13 +23,21 @@ int record_write(const std::string &path, const std::string &value) {
 
 } // namespace
 
-int cfg_get(ReadTarget target, const char *, ...) {
+int cfg_get_plain(ReadTarget target, const char *) {
     target.data[0] = '\0';
     return 0;
 }
 
+int cfg_get(ReadTarget target, const char *path, ...) {
+    return cfg_get_plain(target, path);
+}
+
 int cfg_number(const char *, ...) {
     return 0;
+}
+
+int cfg_set_plain(const char *value, const char *path) {
+    return record_write(path, value);
 }
 
 int cfg_set(const char *value, const char *path, ...) {
