@@ -23,9 +23,21 @@ struct LineBuffer {
     char text[LINE_BUFFER_SIZE];
 };
 
-template <class T>
-std::unique_ptr<T> allocate_zeroed() {
-    return std::unique_ptr<T>(new (std::nothrow) T());
+// Only as much of these is cleared as is read: what is never written takes no memory.
+std::unique_ptr<LineBuffer> allocate_line() {
+    std::unique_ptr<LineBuffer> line(new (std::nothrow) LineBuffer);
+    if (line != nullptr)
+        line->text[0] = '\0';
+    return line;
+}
+
+std::unique_ptr<CliContext> allocate_context() {
+    std::unique_ptr<CliContext> cli(new (std::nothrow) CliContext);
+    if (cli != nullptr) {
+        cli->current_band = 0;
+        reset_context(*cli);
+    }
+    return cli;
 }
 
 int report_start_up_failure(const char *message) {
@@ -106,7 +118,7 @@ private:
 
     // Without memory for a new buffer the old one serves on.
     void renew_line() {
-        if (std::unique_ptr<LineBuffer> renewed = allocate_zeroed<LineBuffer>())
+        if (std::unique_ptr<LineBuffer> renewed = allocate_line())
             line_ = std::move(renewed);
     }
 
@@ -127,7 +139,7 @@ private:
 } // namespace
 
 int run_console(std::FILE *input, CliCommand *root) {
-    const std::unique_ptr<char[]> directory(new (std::nothrow) char[DIRECTORY_SIZE]());
+    const std::unique_ptr<char[]> directory(new (std::nothrow) char[DIRECTORY_SIZE]);
     if (directory == nullptr)
         return report_start_up_failure("cwd alloc error!");
     if (getcwd(directory.get(), DIRECTORY_SIZE) == nullptr)
@@ -139,10 +151,10 @@ int run_console(std::FILE *input, CliCommand *root) {
     cli_prompt = prompt.get();
     reset_prompt();
 
-    std::unique_ptr<LineBuffer> line = allocate_zeroed<LineBuffer>();
+    std::unique_ptr<LineBuffer> line = allocate_line();
     if (line == nullptr)
         return report_start_up_failure("command alloc error!");
-    const std::unique_ptr<CliContext> cli = allocate_zeroed<CliContext>();
+    const std::unique_ptr<CliContext> cli = allocate_context();
     if (cli == nullptr)
         return report_start_up_failure("pCli alloc error!");
 
