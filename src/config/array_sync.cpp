@@ -31,8 +31,9 @@ bool rule_holds(const SyncRule &rule, std::string_view path) {
 } // namespace
 
 bool sync_item_covers(const SyncItem &item, const char *path) {
-    return std::any_of(item.rules.begin(), item.rules.end(),
-                       [path](const SyncRule &rule) { return rule_holds(rule, path); });
+    return std::any_of(std::begin(SYNC_RULES), std::end(SYNC_RULES), [&](const SyncRule &rule) {
+        return &SYNC_ITEMS[rule.item] == &item && rule_holds(rule, path);
+    });
 }
 
 void note_array_write(const char *path) {

@@ -1,11 +1,56 @@
-// The settings that an access-point array can keep in step, each with its flag and the nodes whose
-// writes change it. Everything that deals with them reads this one table.
+// The settings that an access-point array can keep in step, each with its flag, and the nodes whose
+// writes change them. Everything that deals with them reads these tables.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <iterator>
-#include <span>
+#include <string_view>
+
+// Short texts stand in a table themselves: a pointer to one would be relocated at every start of a
+// position-independent program, and the table with it would take memory of each process's own.
+struct SyncItem {
+    char word[17]; // what the administrator calls it
+    char node[32]; // its flag: 1 = synchronised
+};
+
+// In the order in which the flags are read.
+inline constexpr SyncItem SYNC_ITEMS[] = {
+    {"ssid", "/aparray/sync/ssid"},
+    {"ssidhidden", "/aparray/sync/ssidhidden"},
+    {"autochannel", "/aparray/sync/autochannel"},
+    {"channelwidth", "/aparray/sync/channelwidth"},
+    {"security", "/aparray/sync/security"},
+    {"fixedrate", "/aparray/sync/fixedrate"},
+    {"beaconinterval", "/aparray/sync/beaconinterval"},
+    {"dtim", "/aparray/sync/dtim"},
+    {"txpower", "/aparray/sync/txpower"},
+    {"wmm", "/aparray/sync/wmm"},
+    {"acktimeout", "/aparray/sync/acktimeout"},
+    {"shortgi", "/aparray/sync/shortgi"},
+    {"igmpsnoop", "/aparray/sync/igmpsnoop"},
+    {"connectionlimit", "/aparray/sync/connectionlimit"},
+    {"linkintegrity", "/aparray/sync/linkintegrity"},
+    {"acl", "/aparray/sync/acl"},
+    {"multissid", "/aparray/sync/multi/ssid"},
+    {"multissid_hidden", "/aparray/sync/multi/ssid_hidden"},
+    {"multisecurity", "/aparray/sync/multi/security"},
+    {"multiwmm", "/aparray/sync/multi/wmm"},
+    {"qos", "/aparray/sync/qos"},
+    {"vlan", "/aparray/sync/vlan"},
+    {"schedule", "/aparray/sync/schedule"},
+    {"time", "/aparray/sync/time"},
+    {"log", "/aparray/sync/log"},
+    {"adminlimit", "/aparray/sync/adminlimit"},
+    {"system", "/aparray/sync/system"},
+    {"consoleprotocol", "/aparray/sync/consoleprotocol"},
+    {"snmp", "/aparray/sync/snmp"},
+    {"pingctl", "/aparray/sync/pingctl"},
+    {"dhcp", "/aparray/sync/dhcp"},
+    {"login", "/aparray/sync/login"},
+};
+
+inline constexpr std::size_t SYNC_ITEM_COUNT = std::size(SYNC_ITEMS);
 
 enum class SyncRuleKind : std::uint8_t {
     Equal,    // the path is the text
@@ -14,135 +59,111 @@ enum class SyncRuleKind : std::uint8_t {
     Multi,    // the path is below interface 1's multi-SSID slots and contains the text
 };
 
+// A write to a path of this kind changes the item.
 struct SyncRule {
+    std::uint8_t item; // its place in SYNC_ITEMS
     SyncRuleKind kind;
-    const char *text;
-};
-
-struct SyncItem {
-    const char *word; // what the administrator calls it
-    const char *node; // its flag: 1 = synchronised
-    std::span<const SyncRule> rules;
+    char text[38];
 };
 
 namespace sync_rules {
 
 using enum SyncRuleKind;
 
+// The place of an item; a word that is none does not compile.
+consteval std::uint8_t item(std::string_view word) {
+    std::uint8_t place = 0;
+    while (word != SYNC_ITEMS[place].word)
+        ++place;
+    return place;
+}
+
 // Only interface 1 is covered: writes to the 5 GHz radio never mark the configuration.
-inline constexpr SyncRule SSID[] = {{Equal, "/wlan/inf:1/ssid"}};
-inline constexpr SyncRule SSID_HIDDEN[] = {{Equal, "/wlan/inf:1/ssidhidden"}};
-inline constexpr SyncRule AUTO_CHANNEL[] = {{Equal, "/wlan/inf:1/autochannel"}};
-inline constexpr SyncRule CHANNEL_WIDTH[] = {{Equal, "/wlan/inf:1/cwmmode"}};
-inline constexpr SyncRule SECURITY[] = {
-    {Equal, "/wlan/inf:1/authentication"},
-    {Equal, "/wlan/inf:1/defkey"},
-    {Equal, "/wlan/inf:1/wpa/embradius/state"},
-    {Equal, "/wlan/inf:1/wpa/grp_rekey_interval"},
-    {Contains, "/wlan/inf:1/wepkey"},
-    {Contains, "/wlan/inf:1/wpa"},
-    {Prefix, "/wlan/inf:1/wpa/embradius/eap_user/"},
+inline constexpr SyncRule SYNC_RULES[] = {
+    {item("ssid"), Equal, "/wlan/inf:1/ssid"},
+    {item("ssidhidden"), Equal, "/wlan/inf:1/ssidhidden"},
+    {item("autochannel"), Equal, "/wlan/inf:1/autochannel"},
+    {item("channelwidth"), Equal, "/wlan/inf:1/cwmmode"},
+    {item("security"), Equal, "/wlan/inf:1/authentication"},
+    {item("security"), Equal, "/wlan/inf:1/defkey"},
+    {item("security"), Equal, "/wlan/inf:1/wpa/embradius/state"},
+    {item("security"), Equal, "/wlan/inf:1/wpa/grp_rekey_interval"},
+    {item("security"), Contains, "/wlan/inf:1/wepkey"},
+    {item("security"), Contains, "/wlan/inf:1/wpa"},
+    {item("security"), Prefix, "/wlan/inf:1/wpa/embradius/eap_user/"},
+    {item("fixedrate"), Equal, "/wlan/inf:1/fixedrate"},
+    {item("beaconinterval"), Equal, "/wlan/inf:1/beaconinterval"},
+    {item("dtim"), Equal, "/wlan/inf:1/dtim"},
+    {item("txpower"), Equal, "/wlan/inf:1/txpower"},
+    // Compared with the unexpanded text, so it never holds. Meant so.
+    {item("wmm"), Equal, "/wlan/inf:%d/wmm/enable"},
+    {item("acktimeout"), Equal, "/wlan/inf:1/acktimeout_a"},
+    {item("acktimeout"), Equal, "/wlan/inf:1/acktimeout_g"},
+    {item("shortgi"), Equal, "/wlan/inf:1/shortgi"},
+    {item("igmpsnoop"), Equal, "/wlan/inf:1/igmpsnoop"},
+    {item("connectionlimit"), Equal, "/wlan/inf:1/assoc_limit/enable"},
+    {item("linkintegrity"), Equal, "/wlan/inf:1/ethlink"},
+    {item("acl"), Equal, "/wlan/inf:1/acl/mode"},
+    {item("acl"), Prefix, "/wlan/inf:1/acl/mac"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:1/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:2/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:3/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:4/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:5/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:6/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:7/w_partition"},
+    // Holds for "ssid_hidden" nodes too.
+    {item("multissid"), Multi, "ssid"},
+    {item("multissid_hidden"), Multi, "ssid_hidden"},
+    {item("multisecurity"), Multi, "auth"},
+    {item("multisecurity"), Multi, "cipher"},
+    {item("multisecurity"), Multi, "wep_key_index"},
+    {item("multisecurity"), Multi, "passphrase"},
+    {item("multisecurity"), Multi, "interval"},
+    {item("multisecurity"), Multi, "radius_server"},
+    {item("multisecurity"), Multi, "radius_port"},
+    {item("multisecurity"), Multi, "radius_secret"},
+    {item("multisecurity"), Multi, "b_radius_server"},
+    {item("multisecurity"), Multi, "b_radius_port"},
+    {item("multisecurity"), Multi, "b_radius_secret"},
+    {item("multisecurity"), Multi, "acctstate"},
+    {item("multisecurity"), Multi, "acctserver"},
+    {item("multisecurity"), Multi, "acctport"},
+    {item("multisecurity"), Multi, "acctsecret"},
+    {item("multisecurity"), Multi, "b_acctserver"},
+    {item("multisecurity"), Multi, "b_acctport"},
+    {item("multisecurity"), Multi, "b_acctsecret"},
+    {item("multiwmm"), Multi, "wmm/enable"},
+    {item("qos"), Prefix, "/qos/"},
+    {item("qos"), Equal, "/lan/ethernet/updownlink"},
+    {item("qos"), Equal, "/wlan/inf:1/updownlink"},
+    {item("qos"), Prefix, "/wlan/inf:1/multi/index"},
+    {item("qos"), Prefix, "/wlan/inf:1/wds/list/index"},
+    {item("qos"), Prefix, "/trafficctrl/"},
+    {item("vlan"), Prefix, "/sys/group_vlan"},
+    {item("vlan"), Equal, "/sys/vlan_state"},
+    {item("vlan"), Equal, "/sys/vlan_mode"},
+    {item("vlan"), Equal, "/sys/vlan_id"},
+    {item("vlan"), Equal, "/lan/ethernet/vlan_id"},
+    {item("vlan"), Equal, "/sys/auto_set_pvid"},
+    {item("vlan"), Equal, "/wlan/inf:1/vlan_id"},
+    {item("schedule"), Prefix, "/schedule/"},
+    {item("time"), Prefix, "/time/"},
+    {item("log"), Prefix, "/sys/log/"},
+    {item("log"), Prefix, "/security/log/"},
+    {item("adminlimit"), Prefix, "/sys/adminlimit/"},
+    {item("system"), Equal, "/sys/systemName"},
+    {item("system"), Equal, "/sys/systemLocation"},
+    {item("consoleprotocol"), Equal, "/sys/consoleprotocol/protocol"},
+    {item("consoleprotocol"), Equal, "/sys/consoleprotocol/timeout"},
+    {item("snmp"), Prefix, "/sys/snmpd/"},
+    {item("snmp"), Equal, "/sys/snmptrap/status"},
+    {item("pingctl"), Equal, "/sys/pingctl"},
+    {item("dhcp"), Prefix, "/lan/dhcp/"},
+    {item("login"), Equal, "/sys/user:1/password"},
+    {item("login"), Equal, "/sys/user:1/name"},
 };
-inline constexpr SyncRule FIXED_RATE[] = {{Equal, "/wlan/inf:1/fixedrate"}};
-inline constexpr SyncRule BEACON_INTERVAL[] = {{Equal, "/wlan/inf:1/beaconinterval"}};
-inline constexpr SyncRule DTIM[] = {{Equal, "/wlan/inf:1/dtim"}};
-inline constexpr SyncRule TX_POWER[] = {{Equal, "/wlan/inf:1/txpower"}};
-// Compared with the unexpanded text, so it never holds. Meant so.
-inline constexpr SyncRule WMM[] = {{Equal, "/wlan/inf:%d/wmm/enable"}};
-inline constexpr SyncRule ACK_TIMEOUT[] = {
-    {Equal, "/wlan/inf:1/acktimeout_a"},
-    {Equal, "/wlan/inf:1/acktimeout_g"},
-};
-inline constexpr SyncRule SHORT_GI[] = {{Equal, "/wlan/inf:1/shortgi"}};
-inline constexpr SyncRule IGMP_SNOOP[] = {{Equal, "/wlan/inf:1/igmpsnoop"}};
-inline constexpr SyncRule CONNECTION_LIMIT[] = {{Equal, "/wlan/inf:1/assoc_limit/enable"}};
-inline constexpr SyncRule LINK_INTEGRITY[] = {{Equal, "/wlan/inf:1/ethlink"}};
-inline constexpr SyncRule ACL[] = {
-    {Equal, "/wlan/inf:1/acl/mode"},
-    {Prefix, "/wlan/inf:1/acl/mac"},
-    {Equal, "/wlan/inf:1/multi/index:1/w_partition"},
-    {Equal, "/wlan/inf:1/multi/index:2/w_partition"},
-    {Equal, "/wlan/inf:1/multi/index:3/w_partition"},
-    {Equal, "/wlan/inf:1/multi/index:4/w_partition"},
-    {Equal, "/wlan/inf:1/multi/index:5/w_partition"},
-    {Equal, "/wlan/inf:1/multi/index:6/w_partition"},
-    {Equal, "/wlan/inf:1/multi/index:7/w_partition"},
-};
-// Holds for "ssid_hidden" nodes too.
-inline constexpr SyncRule MULTI_SSID[] = {{Multi, "ssid"}};
-inline constexpr SyncRule MULTI_SSID_HIDDEN[] = {{Multi, "ssid_hidden"}};
-inline constexpr SyncRule MULTI_SECURITY[] = {
-    {Multi, "auth"},          {Multi, "cipher"},          {Multi, "wep_key_index"},
-    {Multi, "passphrase"},    {Multi, "interval"},        {Multi, "radius_server"},
-    {Multi, "radius_port"},   {Multi, "radius_secret"},   {Multi, "b_radius_server"},
-    {Multi, "b_radius_port"}, {Multi, "b_radius_secret"}, {Multi, "acctstate"},
-    {Multi, "acctserver"},    {Multi, "acctport"},        {Multi, "acctsecret"},
-    {Multi, "b_acctserver"},  {Multi, "b_acctport"},      {Multi, "b_acctsecret"},
-};
-inline constexpr SyncRule MULTI_WMM[] = {{Multi, "wmm/enable"}};
-inline constexpr SyncRule QOS[] = {
-    {Prefix, "/qos/"},
-    {Equal, "/lan/ethernet/updownlink"},
-    {Equal, "/wlan/inf:1/updownlink"},
-    {Prefix, "/wlan/inf:1/multi/index"},
-    {Prefix, "/wlan/inf:1/wds/list/index"},
-    {Prefix, "/trafficctrl/"},
-};
-inline constexpr SyncRule VLAN[] = {
-    {Prefix, "/sys/group_vlan"},    {Equal, "/sys/vlan_state"},       {Equal, "/sys/vlan_mode"},
-    {Equal, "/sys/vlan_id"},        {Equal, "/lan/ethernet/vlan_id"}, {Equal, "/sys/auto_set_pvid"},
-    {Equal, "/wlan/inf:1/vlan_id"},
-};
-inline constexpr SyncRule SCHEDULE[] = {{Prefix, "/schedule/"}};
-inline constexpr SyncRule TIME[] = {{Prefix, "/time/"}};
-inline constexpr SyncRule LOG[] = {{Prefix, "/sys/log/"}, {Prefix, "/security/log/"}};
-inline constexpr SyncRule ADMIN_LIMIT[] = {{Prefix, "/sys/adminlimit/"}};
-inline constexpr SyncRule SYSTEM[] = {{Equal, "/sys/systemName"}, {Equal, "/sys/systemLocation"}};
-inline constexpr SyncRule CONSOLE_PROTOCOL[] = {
-    {Equal, "/sys/consoleprotocol/protocol"},
-    {Equal, "/sys/consoleprotocol/timeout"},
-};
-inline constexpr SyncRule SNMP[] = {{Prefix, "/sys/snmpd/"}, {Equal, "/sys/snmptrap/status"}};
-inline constexpr SyncRule PING_CONTROL[] = {{Equal, "/sys/pingctl"}};
-inline constexpr SyncRule DHCP[] = {{Prefix, "/lan/dhcp/"}};
-inline constexpr SyncRule LOGIN[] = {{Equal, "/sys/user:1/password"}, {Equal, "/sys/user:1/name"}};
 
 } // namespace sync_rules
 
-// In the order in which the flags are read.
-inline constexpr SyncItem SYNC_ITEMS[] = {
-    {"ssid", "/aparray/sync/ssid", sync_rules::SSID},
-    {"ssidhidden", "/aparray/sync/ssidhidden", sync_rules::SSID_HIDDEN},
-    {"autochannel", "/aparray/sync/autochannel", sync_rules::AUTO_CHANNEL},
-    {"channelwidth", "/aparray/sync/channelwidth", sync_rules::CHANNEL_WIDTH},
-    {"security", "/aparray/sync/security", sync_rules::SECURITY},
-    {"fixedrate", "/aparray/sync/fixedrate", sync_rules::FIXED_RATE},
-    {"beaconinterval", "/aparray/sync/beaconinterval", sync_rules::BEACON_INTERVAL},
-    {"dtim", "/aparray/sync/dtim", sync_rules::DTIM},
-    {"txpower", "/aparray/sync/txpower", sync_rules::TX_POWER},
-    {"wmm", "/aparray/sync/wmm", sync_rules::WMM},
-    {"acktimeout", "/aparray/sync/acktimeout", sync_rules::ACK_TIMEOUT},
-    {"shortgi", "/aparray/sync/shortgi", sync_rules::SHORT_GI},
-    {"igmpsnoop", "/aparray/sync/igmpsnoop", sync_rules::IGMP_SNOOP},
-    {"connectionlimit", "/aparray/sync/connectionlimit", sync_rules::CONNECTION_LIMIT},
-    {"linkintegrity", "/aparray/sync/linkintegrity", sync_rules::LINK_INTEGRITY},
-    {"acl", "/aparray/sync/acl", sync_rules::ACL},
-    {"multissid", "/aparray/sync/multi/ssid", sync_rules::MULTI_SSID},
-    {"multissid_hidden", "/aparray/sync/multi/ssid_hidden", sync_rules::MULTI_SSID_HIDDEN},
-    {"multisecurity", "/aparray/sync/multi/security", sync_rules::MULTI_SECURITY},
-    {"multiwmm", "/aparray/sync/multi/wmm", sync_rules::MULTI_WMM},
-    {"qos", "/aparray/sync/qos", sync_rules::QOS},
-    {"vlan", "/aparray/sync/vlan", sync_rules::VLAN},
-    {"schedule", "/aparray/sync/schedule", sync_rules::SCHEDULE},
-    {"time", "/aparray/sync/time", sync_rules::TIME},
-    {"log", "/aparray/sync/log", sync_rules::LOG},
-    {"adminlimit", "/aparray/sync/adminlimit", sync_rules::ADMIN_LIMIT},
-    {"system", "/aparray/sync/system", sync_rules::SYSTEM},
-    {"consoleprotocol", "/aparray/sync/consoleprotocol", sync_rules::CONSOLE_PROTOCOL},
-    {"snmp", "/aparray/sync/snmp", sync_rules::SNMP},
-    {"pingctl", "/aparray/sync/pingctl", sync_rules::PING_CONTROL},
-    {"dhcp", "/aparray/sync/dhcp", sync_rules::DHCP},
-    {"login", "/aparray/sync/login", sync_rules::LOGIN},
-};
-
-inline constexpr std::size_t SYNC_ITEM_COUNT = std::size(SYNC_ITEMS);
+using sync_rules::SYNC_RULES;
