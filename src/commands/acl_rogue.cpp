@@ -34,7 +34,7 @@ NumberedList scanned_addresses(const CliContext &cli) {
 
 // Null for a negative type.
 const char *rogue_type_name(int type) {
-    static constexpr const char *NAMES[] = {"NEW", "Valid", "Neighborhood", "Rogue"};
+    static constexpr char NAMES[][13] = {"NEW", "Valid", "Neighborhood", "Rogue"};
     if (type < 0)
         return nullptr;
     return NAMES[type < 3 ? type : 3];
@@ -146,7 +146,7 @@ int get_intrusion(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_intrusion(CliContext &cli, const char *, CliCommand *) {
-    static constexpr const char *FIELDS[] = {"mac", "ssid", "channel", "band", "time", "status"};
+    static constexpr char FIELDS[][8] = {"mac", "ssid", "channel", "band", "time", "status"};
     ValueBuffer scanned;
     ValueBuffer slot_mac;
     if (!scanned || !slot_mac)

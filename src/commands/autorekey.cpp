@@ -141,8 +141,8 @@ int get_rekey(CliContext &cli, const char *, CliCommand *) {
 
 int get_rekey_mail(CliContext &, const char *, CliCommand *) {
     static constexpr struct {
-        const char *label;
-        const char *field;
+        char label[15];
+        char field[11];
     } TEXTS[] = {
         {"SMTP server IP", "mailserver"}, {"Frome email", "fromemail"}, {"To email", "toemail"},
         {"User name", "username"},        {"Password", "pass1"},        {"Mail port", "mailport"},

@@ -5,8 +5,8 @@
 #include "shell/dispatch.h"
 
 struct Country {
-    const char *name; // also the word that sets it
-    const char *help;
+    char name[3]; // also the word that sets it
+    char help[22];
     int code; // ISO 3166 numeric
 };
 

@@ -14,8 +14,8 @@ constexpr int LISTED_SLOTS = 7; // more than the console sets. Meant so.
 
 // What a display calls a node.
 struct LabelledNode {
-    const char *label;
-    const char *node;
+    char label[11];
+    char node[11];
 };
 
 // Where the clients of an SSID are, and how they log in.

@@ -4,8 +4,8 @@
 #include "shell/dispatch.h"
 
 struct FixedRate {
-    const char *word;
-    const char *help;
+    char word[5];
+    char help[15];
     int code_2g; // on the 2.4 GHz radio
     int code_5g; // on the 5 GHz radio, which has no CCK rates
 };

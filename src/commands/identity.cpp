@@ -5,8 +5,8 @@
 
 int get_runtime(CliContext &, const char *, CliCommand *) {
     static constexpr struct {
-        const char *label;
-        const char *field;
+        char label[21];
+        char field[17];
     } FIELDS[] = {
         {"RUNTIME_VERSION", "firmwareversion"},
         {"RUNTIME_REV_VERSION", "firmwareverreve"},

@@ -78,9 +78,9 @@ inline constexpr ValueSetter PRIORITY{
 // A cipher of a slot, set by the word that sets it for the primary SSID.
 struct SlotCipher {
     Cipher value;
-    bool for_wpa;          // goes with the WPA types only, else with all others only
-    const char *confirmed; // its name when it is set
-    const char *name;      // and when it is displayed
+    bool for_wpa;       // goes with the WPA types only, else with all others only
+    char confirmed[17]; // its name when it is set
+    char name[11];      // and when it is displayed
 };
 
 inline constexpr SlotCipher SLOT_CIPHERS[] = {
@@ -93,21 +93,21 @@ inline constexpr SlotCipher SLOT_CIPHERS[] = {
 
 // An authentication type of a slot. Two of the words are not those of the primary SSID.
 struct SlotAuthentication {
-    const char *word;
     Authentication value;
-    const char *confirmed;
+    char word[13];
+    char confirmed[30];
 };
 
 inline constexpr SlotAuthentication SLOT_AUTHENTICATIONS[] = {
-    {"open-system", AUTH_OPEN_SYSTEM, "open-system"},
-    {"shared-key", AUTH_SHARED_KEY, "shared-key"},
-    {"wpa-eap", AUTH_WPA_EAP, "wpa-eap"},
-    {"wpa-psk", AUTH_WPA_PSK, "wpa-psk"},
-    {"wpa2-eap", AUTH_WPA2_EAP, "wpa2-eap"},
-    {"wpa2-psk", AUTH_WPA2_PSK, "wpa2-psk"},
-    {"wpa-auto-eap", AUTH_WPA_AUTO_EAP, "wpa/wpa2-eap"},
-    {"wpa-auto-psk", AUTH_WPA_AUTO_PSK, "wpa/wpa2-psk"},
-    {"8021x-only", AUTH_DYNAMIC_WEP, "802.1x for dynamic WEP keying"},
+    {AUTH_OPEN_SYSTEM, "open-system", "open-system"},
+    {AUTH_SHARED_KEY, "shared-key", "shared-key"},
+    {AUTH_WPA_EAP, "wpa-eap", "wpa-eap"},
+    {AUTH_WPA_PSK, "wpa-psk", "wpa-psk"},
+    {AUTH_WPA2_EAP, "wpa2-eap", "wpa2-eap"},
+    {AUTH_WPA2_PSK, "wpa2-psk", "wpa2-psk"},
+    {AUTH_WPA_AUTO_EAP, "wpa-auto-eap", "wpa/wpa2-eap"},
+    {AUTH_WPA_AUTO_PSK, "wpa-auto-psk", "wpa/wpa2-psk"},
+    {AUTH_DYNAMIC_WEP, "8021x-only", "802.1x for dynamic WEP keying"},
 };
 
 const char *slot_cipher_name(int cipher);

@@ -52,10 +52,10 @@ enum WlMode : int {
 
 // A wireless mode that a word sets.
 struct WirelessMode {
-    const char *word;
-    const char *help;
+    char word[12];
+    char help[31];
     int value;
-    const char *name;
+    char name[21];
 };
 
 inline constexpr WirelessMode WIRELESS_MODES[] = {

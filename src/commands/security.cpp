@@ -80,8 +80,8 @@ struct CipherFix {
     int authentication;
     int first_mode;
     int last_mode;
-    const char *cipher;
-    const char *name;
+    char cipher[2];
+    char name[19];
 };
 
 constexpr CipherFix CIPHER_FIXES[] = {

@@ -53,10 +53,10 @@ int set_cipher_none(CliContext &cli, const char *word, CliCommand *subtable);
 
 // A value that a word sets.
 struct SecurityType {
-    const char *word;
-    const char *help;
+    char word[14];
+    char help[57];
     int value;
-    const char *line; // how it is displayed
+    char line[31]; // how it is displayed
 };
 
 inline constexpr SecurityType AUTHENTICATION_TYPES[] = {

@@ -89,7 +89,7 @@ int delete_all_snmp_rows(const SnmpTable &table, ReadTarget value, const char *n
 
 // A column of a listing; at most `limit` characters of it are read.
 struct SnmpColumn {
-    const char *name;
+    char name[13];
     std::size_t limit = SNMP_TEXT_LIMIT;
 };
 

@@ -149,7 +149,7 @@ void print_mail_switch(const char *label, int value) {
 }
 
 void print_profile(int profile) {
-    static constexpr const char *NAMES[MAIL_PROFILES] = {"Internal", "Gmail", "Hotmail"};
+    static constexpr char NAMES[MAIL_PROFILES][9] = {"Internal", "Gmail", "Hotmail"};
     if (is_profile(profile))
         cli_printf("SMTP server type: %s\n", NAMES[profile - 1]);
     else

@@ -76,7 +76,7 @@ int set_time(CliContext &cli, const char *, CliCommand *) {
 }
 
 int get_time(CliContext &, const char *, CliCommand *) {
-    static constexpr const char *WEEKDAYS[] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+    static constexpr char WEEKDAYS[][4] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
     const std::time_t seconds = std::time(nullptr);
     std::tm now{};
     tzset(); // localtime_r alone would stay in the zone of its first call

@@ -78,7 +78,8 @@ int enable_auto_pvid(CliContext &, const char *, CliCommand *) {
     const GroupVids vids = read_group_vids();
     for (const VlanPortRun &run : VLAN_PORTS) {
         for (int step = 0; step < run.count; ++step) {
-            const VlanPort port = {run.first.kind, run.first.number + step};
+            VlanPort port = run.first;
+            port.number += step;
             cfg_set_number(pvid_of(port, vids), run.pvid_path, step + 1);
         }
     }

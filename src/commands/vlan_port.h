@@ -12,7 +12,7 @@ inline constexpr bool is_vlan_id(int number) {
 
 // A port as the group table knows it: the node "/KIND:NUMBER/egress" of each entry.
 struct VlanPort {
-    const char *kind;
+    char kind[4];
     int number;
 };
 
@@ -25,7 +25,7 @@ inline int first_wireless_port(const CliContext &cli) {
 struct VlanPortRun {
     VlanPort first;
     int count;
-    const char *pvid_path;
+    char pvid_path[36];
 };
 
 inline constexpr VlanPortRun VLAN_PORTS[] = {
