@@ -106,7 +106,7 @@ int xmldb_request(const UniqueFd &connection, std::uint16_t action, std::uint32_
 }
 
 int xmldb_read_text(const UniqueFd &connection, std::FILE *stream) {
-    static char chunk[TEXT_CHUNK];
+    char chunk[TEXT_CHUNK];
     while (true) {
         wait_readable(connection.get());
         const ssize_t got = read(connection.get(), chunk, sizeof chunk);
