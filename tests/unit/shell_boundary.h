@@ -4,6 +4,7 @@
 #include "shell_syntax.h"
 
 #include <algorithm>
+#include <iterator>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -30,11 +31,14 @@ inline bool is_own_redirection(const std::string &redirection) {
 // behind a directory or a delay.
 inline bool is_accounted_for(std::string_view word, const std::vector<std::string> &foreign) {
     static const std::vector<std::string> OWN{"(null)", "submit STUNNEL", "submit CONSOLE"};
-    for (const std::string_view prefix : {"/tmp/", "AAA:5:"}) {
-        if (word.starts_with(prefix))
-            word.remove_prefix(prefix.size());
-    }
-    return is_plain_word(word) || is_part_of(word, OWN) || is_part_of(word, foreign);
+    const auto is_known = [&foreign](std::string_view part) {
+        return is_plain_word(part) || is_part_of(part, OWN) || is_part_of(part, foreign);
+    };
+    static constexpr std::string_view PREFIXES[] = {"/tmp/", "AAA:5:"};
+    return is_known(word) ||
+           std::any_of(std::begin(PREFIXES), std::end(PREFIXES), [&](std::string_view prefix) {
+               return word.starts_with(prefix) && is_known(word.substr(prefix.size()));
+           });
 }
 
 // What is wrong with a command line that was run, "" when nothing is: it must be one simple
