@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+unsigned command_lines_run = 0;
+
 namespace {
 
 // A pipe from the system shell.
@@ -33,6 +35,7 @@ private:
 
 bool may_run(const CommandLine &line) {
     flush_output();
+    ++command_lines_run;
     if (!line.is_whole())
         std::fputs("Command line too long.\n", stderr);
     return line.is_whole();

@@ -4,6 +4,9 @@
 #include "config/command_line.h"
 #include "config/value_buffer.h"
 
+// How many command lines were run. Each may have read from standard input, which it shares.
+extern unsigned command_lines_run;
+
 // Flushes standard output and runs the line, waiting for its end. Returns the shell's status; or
 // -1 when it could not be run, or was not because its cut fell into a quoted word ("Command line
 // too long." on standard error).

@@ -1,5 +1,6 @@
 #include "shell/console.h"
 
+#include "config/host_command.h"
 #include "shell/completion.h"
 #include "shell/dispatch.h"
 #include "shell/line_editor.h"
@@ -65,6 +66,9 @@ public:
         return got == 1 ? byte : -1;
     }
 
+    // Forgets what is there, which others may have read since.
+    void forget() { ahead_ = 0; }
+
 private:
     int ahead_ = 0; // bytes that are known to be there
 };
@@ -78,8 +82,11 @@ public:
     void run() {
         while (input_ == stdin ? edit_line() : read_plain_line()) {
             split_line(cli_, line_->text);
+            const unsigned commands_before = command_lines_run;
             if (cli_dispatch(cli_, root_) != CLI_DONE)
                 renew_line();
+            if (on_terminal_ || command_lines_run != commands_before)
+                keys_.forget();
             reset_context(cli_);
         }
     }
@@ -91,10 +98,9 @@ private:
         if (on_terminal_)
             raw.emplace();
         editor_.begin(line_->text);
-        KeyReader keys;
         LineEditor::State state = LineEditor::State::Editing;
         while (state == LineEditor::State::Editing) {
-            const int byte = keys.next();
+            const int byte = keys_.next();
             state = byte < 0 ? LineEditor::State::EndOfInput
                              : editor_.feed(static_cast<unsigned char>(byte));
         }
@@ -133,6 +139,7 @@ private:
     CliCommand *root_;
     std::unique_ptr<LineBuffer> line_;
     LineEditor editor_;
+    KeyReader keys_;
     bool on_terminal_;
 };
 
