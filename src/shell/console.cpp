@@ -77,7 +77,8 @@ class Console {
 public:
     Console(std::FILE *input, CliContext &cli, CliCommand *root, std::unique_ptr<LineBuffer> line)
         : input_(input), cli_(cli), root_(root), line_(std::move(line)),
-          editor_(stdout, cli_prompt, complete, this), on_terminal_(isatty(STDIN_FILENO) == 1) {}
+          editor_(stdout, cli_prompt, complete, width, this),
+          on_terminal_(isatty(STDIN_FILENO) == 1) {}
 
     void run() {
         while (input_ == stdin ? edit_line() : read_plain_line()) {
@@ -133,6 +134,8 @@ private:
         const auto *console = static_cast<const Console *>(owner);
         return complete_line(console->cli_, console->root_, before_cursor, completed);
     }
+
+    static int width(void *) { return terminal_width(); }
 
     std::FILE *input_;
     CliContext &cli_;

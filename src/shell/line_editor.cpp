@@ -74,13 +74,15 @@ bool is_space(char c) {
 
 } // namespace
 
-LineEditor::LineEditor(std::FILE *out, const char *prompt, LineCompleter *completer, void *owner)
-    : out_(out), prompt_(prompt), completer_(completer), owner_(owner) {}
+LineEditor::LineEditor(std::FILE *out, const char *prompt, LineCompleter *completer,
+                       TerminalWidth *terminal_width, void *owner)
+    : out_(out), prompt_(prompt), completer_(completer), terminal_width_(terminal_width),
+      owner_(owner) {}
 
 void LineEditor::begin(char (&line)[LINE_BUFFER_SIZE]) {
     line_ = line;
     escape_ = Escape::None;
-    reset_position();
+    start_line();
     print_prompt();
 }
 
@@ -151,7 +153,8 @@ void LineEditor::feed_escape(unsigned char byte) {
     escape_ = Escape::None;
 }
 
-void LineEditor::reset_position() {
+void LineEditor::start_line() {
+    width_ = terminal_width_(owner_);
     length_ = 0;
     cursor_ = 0;
     line_[0] = '\0';
@@ -170,7 +173,7 @@ void LineEditor::print_prompt() {
 void LineEditor::echo() {
     putc_unlocked(char_at(cursor_), out_);
     ++cursor_;
-    if (++column_ == TERMINAL_WIDTH) {
+    if (++column_ == width_) {
         column_ = 0;
         ++row_;
         putc_unlocked(char_at(cursor_), out_);
@@ -202,9 +205,9 @@ void LineEditor::move_left(int distance) {
         putc_unlocked('\r', out_);
     // A distance of whole rows ends in the first column, without a row too many.
     const int remaining = distance - column_;
-    const int rows = (remaining + TERMINAL_WIDTH - 1) / TERMINAL_WIDTH;
+    const int rows = (remaining + width_ - 1) / width_;
     row_ -= rows;
-    column_ = TERMINAL_WIDTH * rows - remaining;
+    column_ = width_ * rows - remaining;
     std::fprintf(out_, "\x1b[%dA", rows);
     if (column_ > 0)
         std::fprintf(out_, "\x1b[%dC", column_);
@@ -290,14 +293,14 @@ void LineEditor::cut_at_cursor() {
 
 // A line that wraps below the cursor must not be written over.
 void LineEditor::step_below_line() {
-    if (row_ < (static_cast<int>(std::strlen(prompt_)) + length_) / TERMINAL_WIDTH)
+    if (row_ < (static_cast<int>(std::strlen(prompt_)) + length_) / width_)
         echo_to_end();
     putc_unlocked('\n', out_);
 }
 
 void LineEditor::abandon_line() {
     step_below_line();
-    reset_position();
+    start_line();
     history_.stop_browsing();
     print_prompt();
 }

@@ -1,4 +1,4 @@
-// Editing one line on a terminal of fixed width, byte by byte.
+// Editing one line on a terminal, byte by byte.
 #pragma once
 
 #include "shell/history.h"
@@ -13,20 +13,22 @@ inline constexpr std::size_t LINE_BUFFER_SIZE = 4096;
 // Characters that a line takes.
 inline constexpr int LINE_LIMIT = 4094;
 
-// Columns at which the terminal wraps.
-inline constexpr int TERMINAL_WIDTH = 80;
-
 // Completes the part of a line before the cursor: prints what there is to show and puts the new
 // text (at most LINE_LIMIT characters) into `completed`. False when nothing is to change.
 using LineCompleter = bool(void *owner, std::string_view before_cursor,
                            char (&completed)[LINE_BUFFER_SIZE]);
 
+// The columns at which the terminal wraps, more than the prompt takes.
+using TerminalWidth = int(void *owner);
+
 class LineEditor {
 public:
     enum class State { Editing, LineDone, EndOfInput };
 
-    // Writes to `out`. The prompt outlives the editor. `completer` may be null.
-    LineEditor(std::FILE *out, const char *prompt, LineCompleter *completer, void *owner);
+    // Writes to `out`. The prompt outlives the editor. `completer` may be null. The width is asked
+    // for with each new line and holds for all of it.
+    LineEditor(std::FILE *out, const char *prompt, LineCompleter *completer,
+               TerminalWidth *terminal_width, void *owner);
 
     // Begins a new empty line in `line`, which the editor uses until the line is done, and prints
     // the prompt. The history stays.
@@ -75,12 +77,14 @@ private:
     void show_next();
     void show_history(const char *entry);
     void replace_line(std::string_view text);
-    void reset_position();
+    void start_line();
 
     std::FILE *out_;
     const char *prompt_;
     LineCompleter *completer_;
+    TerminalWidth *terminal_width_;
     void *owner_;
+    int width_ = 0; // of the terminal, during this line
     char *line_ = nullptr;
     int length_ = 0;
     int cursor_ = 0;

@@ -1,6 +1,16 @@
 #include "shell/terminal.h"
 
+#include "shell/prompt.h"
+
+#include <sys/ioctl.h>
 #include <unistd.h>
+
+int terminal_width() {
+    winsize window{};
+    const bool is_known =
+        ioctl(STDIN_FILENO, TIOCGWINSZ, &window) == 0 && window.ws_col >= PROMPT_SIZE;
+    return is_known ? window.ws_col : USUAL_TERMINAL_WIDTH;
+}
 
 // Applied and restored at once, without dropping what was typed ahead.
 RawTerminal::RawTerminal() {

@@ -2,6 +2,13 @@
 
 #include <termios.h>
 
+// Columns of a terminal that tells no width.
+inline constexpr int USUAL_TERMINAL_WIDTH = 80;
+
+// The width of the terminal on standard input, in columns: USUAL_TERMINAL_WIDTH when it is no
+// terminal, or tells none, or one that a prompt would fill.
+int terminal_width();
+
 // Puts the terminal on standard input into character-at-a-time mode while it lives.
 class RawTerminal {
 public:

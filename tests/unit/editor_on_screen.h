@@ -12,8 +12,9 @@
 class EditorOnScreen {
 public:
     // Begins the first line.
-    explicit EditorOnScreen(LineCompleter *completer)
-        : out_(open_memstream(&written_, &size_)), editor_(out_, PROMPT, completer, this) {
+    explicit EditorOnScreen(LineCompleter *completer, int width = 80)
+        : width_(width), out_(open_memstream(&written_, &size_)),
+          editor_(out_, PROMPT, completer, terminal_width, this), screen_(width) {
         editor_.begin(line_);
         show(nullptr);
     }
@@ -30,6 +31,9 @@ public:
         show(bytes);
         return state;
     }
+
+    // What the editor learns with its next line; the screen keeps its width.
+    void tell_width(int width) { width_ = width; }
 
     // Leaves a finished line and begins the next. False when the cursor had not got below the line.
     bool finish() {
@@ -56,7 +60,7 @@ public:
         if (const std::string text = screen_.text_from(line_row()); text != shown)
             return "screen shows \"" + text + "\" for \"" + shown + '"';
         const int place = PROMPT_WIDTH + editor_.cursor();
-        if (screen_.column() != place % TERMINAL_WIDTH || editor_.column() != screen_.column())
+        if (screen_.column() != place % width_ || editor_.column() != screen_.column())
             return "column of the cursor";
         return editor_.row() == screen_row_of(editor_.cursor()) ? "" : "row of the cursor";
     }
@@ -77,9 +81,14 @@ private:
             *bytes += written;
     }
 
-    static int screen_row_of(int index) { return (PROMPT_WIDTH + index) / TERMINAL_WIDTH; }
+    static int terminal_width(void *owner) {
+        return static_cast<const EditorOnScreen *>(owner)->width_;
+    }
+
+    [[nodiscard]] int screen_row_of(int index) const { return (PROMPT_WIDTH + index) / width_; }
     [[nodiscard]] int line_row() const { return screen_.row() - screen_row_of(editor_.cursor()); }
 
+    int width_;
     char *written_ = nullptr;
     std::size_t size_ = 0;
     std::size_t taken_ = 0;

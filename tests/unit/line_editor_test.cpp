@@ -28,7 +28,10 @@ const std::string CTRL_W = "\x17";
 // place.
 class Session {
 public:
-    explicit Session(LineCompleter *completer = nullptr) : editing_(completer) { check_screen(); }
+    explicit Session(LineCompleter *completer = nullptr, int width = 80)
+        : editing_(completer, width) {
+        check_screen();
+    }
 
     // Types keys; returns what they made the editor write.
     std::string type(const std::string &keys) {
@@ -139,16 +142,40 @@ TEST(LineEditor, ShowsTheLineWhateverIsTyped) {
                                 "\r", CTRL_C, "\t",   "\x1b", "\x1b[15~", "[",    "\xff"};
     std::mt19937 random(20);
     const auto pick = [&random](std::size_t count) { return random() % count; };
-    Session session;
-    for (int step = 0; step < 6000 && !testing::Test::HasFatalFailure(); ++step) {
-        const std::string &key = keys[pick(std::size(keys))];
-        if (key == "\r")
-            session.enter("");
-        else if (pick(20) == 0)
-            session.type(std::string(pick(170), 'm'));
-        else if (key != CTRL_D || !session.line().empty())
-            session.type(key);
+    for (int width = 20; width <= 200; ++width) {
+        SCOPED_TRACE(width);
+        const auto columns = static_cast<std::size_t>(width);
+        Session session(nullptr, width);
+        // Lines that end at the edge of the screen, and on each side of it.
+        for (std::size_t length = 2 * columns - 8; length <= 2 * columns - 5; ++length)
+            session.enter(std::string(length, 'e') + "\x01i\x05\x7f\x7f\x02");
+        for (int step = 0; step < 100 && !testing::Test::HasFatalFailure(); ++step) {
+            const std::string &key = keys[pick(std::size(keys))];
+            if (key == "\r")
+                session.enter("");
+            else if (pick(20) == 0)
+                session.type(std::string(pick(2 * columns), 'm'));
+            else if (key != CTRL_D || !session.line().empty())
+                session.type(key);
+        }
     }
+}
+
+TEST(LineEditor, TakesANewWidthWithTheNextLine) {
+    EditorOnScreen editing(nullptr, 60);
+    const auto type = [&editing](const std::string &keys) {
+        std::string bytes;
+        for (const char key : keys)
+            editing.feed(key, &bytes);
+        return bytes;
+    };
+    const std::string row(54, 'x');
+    editing.tell_width(40);
+    EXPECT_EQ(type(row), row + " \b");
+    EXPECT_EQ(type("\x03" + row), "\nWAP-> " + row.substr(20) + " \b" + row.substr(34));
+    editing.tell_width(60);
+    editing.finish();
+    EXPECT_EQ(type(row), row + " \b");
 }
 
 TEST(LineEditor, TakesNoMoreThanALine) {

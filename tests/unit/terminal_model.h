@@ -1,4 +1,4 @@
-// The screen of an 80-column terminal, as far as the line editor uses it.
+// The screen of a terminal, as far as the line editor uses it.
 #pragma once
 
 #include <algorithm>
@@ -9,8 +9,11 @@
 
 class TerminalModel {
 public:
-    static constexpr int COLUMNS = 80;
-    static constexpr int ROWS = 64; // more than the longest line fills
+    static constexpr int ROWS = 256; // more than the longest line fills
+
+    explicit TerminalModel(int columns)
+        : columns_(columns), blank_row_(static_cast<std::size_t>(columns), ' '), rows_{blank_row_} {
+    }
 
     // Takes what was written to the terminal; a sequence may be split between calls.
     void write(std::string_view bytes) {
@@ -84,7 +87,7 @@ private:
             line_feed();
         }
         cells()[static_cast<std::size_t>(column_)] = byte;
-        wraps_ = column_ == COLUMNS - 1;
+        wraps_ = column_ == columns_ - 1;
         column_ += wraps_ ? 0 : 1;
     }
 
@@ -102,7 +105,7 @@ private:
         if (final_byte == 'A' && counted)
             row_ = std::max(row_ - number, top_);
         else if (final_byte == 'C' && counted)
-            column_ = std::min(column_ + number, COLUMNS - 1);
+            column_ = std::min(column_ + number, columns_ - 1);
         else if (final_byte == 'D' && counted)
             column_ = std::max(column_ - number, 0);
         else if (final_byte == 'H' && parameter.empty())
@@ -117,18 +120,20 @@ private:
 
     void erase_to_end() {
         cells().replace(static_cast<std::size_t>(column_), std::string::npos,
-                        static_cast<std::size_t>(COLUMNS - column_), ' ');
+                        static_cast<std::size_t>(columns_ - column_), ' ');
         for (std::size_t row = static_cast<std::size_t>(row_) + 1; row < rows_.size(); ++row)
-            rows_[row].assign(COLUMNS, ' ');
+            rows_[row] = blank_row_;
     }
 
     std::string &cells() {
         while (rows_.size() <= static_cast<std::size_t>(row_))
-            rows_.emplace_back(COLUMNS, ' ');
+            rows_.push_back(blank_row_);
         return rows_[static_cast<std::size_t>(row_)];
     }
 
-    std::vector<std::string> rows_{std::string(COLUMNS, ' ')};
+    int columns_;
+    std::string blank_row_;
+    std::vector<std::string> rows_;
     int row_ = 0;
     int column_ = 0;
     int top_ = 0;        // first row on the screen

@@ -6,6 +6,7 @@
 #include <cstring>
 #include <gtest/gtest.h>
 #include <pty.h>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace {
@@ -24,6 +25,11 @@ public:
     TerminalInput(const TerminalInput &) = delete;
     TerminalInput &operator=(const TerminalInput &) = delete;
     ~TerminalInput() { dup2(usual_.get(), STDIN_FILENO); }
+
+    void set_width(unsigned short columns) const {
+        const winsize window{24, columns, 0, 0};
+        EXPECT_EQ(ioctl(keyboard_.get(), TIOCSWINSZ, &window), 0);
+    }
 
     void type(const char *keys) const {
         EXPECT_EQ(write(keyboard_.get(), keys, std::strlen(keys)),
@@ -69,6 +75,24 @@ TEST(RawTerminal, TakesSingleKeysAndRestoresWhatWas) {
     char ahead[8] = "";
     EXPECT_EQ(read(STDIN_FILENO, ahead, sizeof ahead), 5);
     EXPECT_STREQ(ahead, "next\n");
+}
+
+TEST(TerminalWidth, IsTheTerminalsOwnWhereItTellsOne) {
+    const TerminalInput input;
+    const struct {
+        unsigned short columns;
+        int width;
+    } cases[] = {{0, 80}, {1, 80}, {15, 80}, {16, 16}, {60, 60}, {132, 132}, {65535, 65535}};
+    for (const auto &[columns, width] : cases) {
+        input.set_width(columns);
+        EXPECT_EQ(terminal_width(), width);
+    }
+    int ends[2] = {};
+    ASSERT_EQ(pipe(ends), 0);
+    dup2(ends[0], STDIN_FILENO);
+    EXPECT_EQ(terminal_width(), 80);
+    close(ends[0]);
+    close(ends[1]);
 }
 
 } // namespace
