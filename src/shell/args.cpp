@@ -169,18 +169,12 @@ int int_parse_blank(const char *text, std::int32_t &value) {
     text = skip_leading_blanks(text);
     if (*text == '\0')
         return 0;
-    const bool negative = *text == '-';
-    if (negative)
-        ++text;
-    std::int64_t magnitude = 0;
-    for (; is_digit(*text); ++text) {
-        magnitude = magnitude * 10 + (*text - '0');
-        if (magnitude > std::int64_t{std::numeric_limits<std::int32_t>::max()} + (negative ? 1 : 0))
-            return 0;
-    }
-    if (*skip_leading_blanks(text) != '\0')
+    const char *end = *text == '-' ? text + 1 : text;
+    while (is_digit(*end))
+        ++end;
+    if (*skip_leading_blanks(end) != '\0')
         return 0;
-    value = static_cast<std::int32_t>(negative ? -magnitude : magnitude);
+    value = decimal_value(text);
     return 1;
 }
 

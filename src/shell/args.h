@@ -54,7 +54,7 @@ int mac_parse(const char *text, std::array<std::uint8_t, 6> &mac);
 int ipv4_parse_blank(const char *text, std::array<std::uint8_t, 4> &address);
 
 // Reads an optional minus sign and decimal digits with blanks and tabs around them; a lone minus
-// sign is 0. Returns 1, or 0 for anything else and for what does not fit.
+// sign is 0, and numbers saturate at the limits of int. Returns 1, or 0 for anything else.
 int int_parse_blank(const char *text, std::int32_t &value);
 
 // The plain decimal conversion, read as unsigned, so that a negative number is larger than any
