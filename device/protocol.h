@@ -1,5 +1,6 @@
 // What the stand-in adds to the configuration daemon's protocol for its own tools. The payload is
-// a text, as for the public actions.
+// a text, as for the public actions. In these, paths below "/wireless/" are an older name of
+// "/wlan/inf:1/".
 #pragma once
 
 #include "config/xmldb_protocol.h"

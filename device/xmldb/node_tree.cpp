@@ -10,6 +10,10 @@ namespace {
 
 constexpr std::string_view DENSE_TABLES = "sys/snmpd/";
 
+// The first radio's nodes, and their older name.
+constexpr std::string_view FIRST_RADIO = "wlan/inf:1/";
+constexpr std::string_view OLD_FIRST_RADIO = "wireless/";
+
 // The first byte after '/': everything below "a" sorts from "a/" up to, not including, "a0".
 constexpr char AFTER_SLASH = '/' + 1;
 
@@ -24,6 +28,8 @@ std::string canonical(std::string_view path) {
         }
         path.remove_prefix(std::min(end + 1, path.size()));
     }
+    if (result.starts_with(OLD_FIRST_RADIO))
+        result.replace(0, OLD_FIRST_RADIO.size(), FIRST_RADIO);
     return result;
 }
 

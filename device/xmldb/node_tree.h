@@ -2,8 +2,8 @@
 //
 // A path is a list of segments between slashes; leading, trailing and doubled slashes do not
 // count, so "/a/b", "a/b" and "/a//b/" name one node. A list instance is a segment of its own,
-// "index:2", and differs from "index:02". Nodes exist by being written; a node may hold a text and
-// have nodes below it.
+// "index:2", and differs from "index:02". Paths below "/wireless/" are an older name of those below
+// "/wlan/inf:1/". Nodes exist by being written; a node may hold a text and have nodes below it.
 #pragma once
 
 #include <map>

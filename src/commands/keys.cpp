@@ -92,8 +92,8 @@ const char *key_fault(const char *key, int keylength, int format) {
 }
 
 void show_key_node(ValueBuffer &value, const char *parent, const char *leaf, const char *equals) {
-    cfg_get(value, "/wlan/inf:1/%s%s", parent, leaf);
-    // The label is not the path that is read. Meant so.
+    // Deliberately the older name of the nodes.
+    cfg_get(value, "/wireless/%s%s", parent, leaf);
     cli_printf("/wireless/%s%s%s%s\n", parent, leaf, equals, value.text());
 }
 

@@ -73,6 +73,17 @@ TEST(NodeTree, SlashesAroundAndBetweenSegmentsDoNotCount) {
     EXPECT_EQ(tree.get("/QOS/rule/index:1/name"), "");
 }
 
+TEST(NodeTree, FirstRadioHasAnOlderName) {
+    NodeTree tree;
+    tree.set("/wireless/wepkey:1", "key");
+    EXPECT_EQ(tree.get("/wlan/inf:1/wepkey:1"), "key");
+    tree.set("wlan/inf:1/ssid", "name");
+    EXPECT_EQ(tree.get("//wireless//ssid"), "name");
+    EXPECT_EQ(tree.get("/runtime/wireless/ssid") + tree.get("/wirelessx/ssid"), "");
+    tree.remove("/wireless/wepkey:1");
+    EXPECT_EQ(tree.get("/wlan/inf:1/wepkey:1"), "");
+}
+
 TEST(NodeTree, RefusesPathsWithoutASegmentOrTooDeep) {
     NodeTree tree;
     EXPECT_FALSE(tree.set("/", "x"));
@@ -197,15 +208,16 @@ protected:
 };
 
 TEST_F(RequestHandlerTest, JournalsWritesAndDeletionsAsReceived) {
-    EXPECT_EQ(status_of(answer(XMLDB_SET, "lan/x/ a  b ")), 0);
+    EXPECT_EQ(status_of(answer(XMLDB_SET, "wireless/x/ a  b ")), 0);
     EXPECT_EQ(status_of(answer(XMLDB_SET, "/lan/y ")), 0);
     EXPECT_EQ(status_of(answer(XMLDB_SET, "/lan/z l\n\x1b")), 0);
     EXPECT_EQ(status_of(answer(XMLDB_SET, "/quiet 1", XMLDB_UNJOURNALED)), 0);
-    EXPECT_EQ(status_of(answer(XMLDB_DEL, "/lan/x")), 0);
+    EXPECT_EQ(status_of(answer(XMLDB_DEL, "/wireless/x")), 0);
     EXPECT_EQ(contents(journal_file),
-              "wrote lan/x/ = a  b \nwrote /lan/y = \nwrote /lan/z = l\\n\\x1b\ndeleted /lan/x\n");
+              "wrote wireless/x/ = a  b \nwrote /lan/y = \nwrote /lan/z = l\\n\\x1b\n"
+              "deleted /wireless/x\n");
     EXPECT_EQ(answer(XMLDB_GET, "quiet"), "1\0"s);
-    EXPECT_EQ(answer(XMLDB_GET, "/lan/x"), "\0"s);
+    EXPECT_EQ(answer(XMLDB_GET, "/wlan/inf:1/x"), "\0"s);
 }
 
 TEST_F(RequestHandlerTest, RefusesWhatItCannotCarryOut) {

@@ -1,13 +1,16 @@
 // Wireless security where a console session cannot reach it: every combination of the compatibility
-// rule, and the ciphers that it falls back to on the radio that no command selects.
+// rule, the ciphers that it falls back to on the radio that no command selects, and the names under
+// which nodes are read.
 #include "fake_daemon.h"
 #include "typed_line.h"
 
+#include "commands/keys.h"
 #include "commands/security.h"
 
 #include <gtest/gtest.h>
 
 #include <map>
+#include <sstream>
 #include <utility>
 
 namespace {
@@ -82,6 +85,16 @@ TEST(WirelessSecurity, FixesTheCipherByModeAndAuthentication) {
     EXPECT_EQ(security_fixup(typed.cli(), SecurityChange::Mode, 4), 0);
     EXPECT_EQ(security_fixup(typed.cli(), SecurityChange::Cipher, 0), 0);
     EXPECT_EQ(daemon.take_writes(), Lines{});
+}
+
+TEST(WirelessSecurity, ShowsTheNodesThatTheLinesName) {
+    FakeDaemon daemon;
+    std::istringstream lines(call_handler(get_all_keys, "").out);
+    Lines named;
+    for (std::string line; std::getline(lines, line);)
+        named.push_back("get " + line.substr(0, line.find_first_of(" =")));
+    EXPECT_EQ(named, daemon.take_requests());
+    EXPECT_EQ(named.size(), 3U + 4 * 3 + 3 * 4);
 }
 
 } // namespace
