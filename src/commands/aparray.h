@@ -62,7 +62,7 @@ inline constexpr auto aparray_set_rows = command_rows({
 });
 
 // The name's buffer is smaller than the others.
-inline constexpr std::size_t ARRAY_NAME_READ_LIMIT = 63;
+inline constexpr std::size_t ARRAY_NAME_READ_LIMIT = 64;
 
 inline constexpr CliHandler *show_array_password =
     show_text<"/wlan/inf:1/aparray_password", "AP array password: %s\n">;

@@ -16,11 +16,9 @@ constexpr char OUTDOOR_WDS_CHANNELS_5G[] = "/runtime/stats/wlan/inf:2/channeltab
 
 constexpr int TABLE_ENTRIES = 50;
 
-using ChannelText = ShortValue<31>;
-
 // Reads entry `index` of the channel table below `prefix`; empty at the table's end.
-ChannelText read_channel(const char *prefix, int index) {
-    ChannelText channel;
+UsualValue read_channel(const char *prefix, int index) {
+    UsualValue channel;
     cfg_get(channel, "%s%d/channel", prefix, index);
     return channel;
 }
@@ -45,7 +43,7 @@ struct ListLayout {
 void print_channels(const ListLayout &layout, const char *prefix) {
     cli_printf("%s", layout.heading);
     for (int index = 1; index <= TABLE_ENTRIES; ++index) {
-        const ChannelText channel = read_channel(prefix, index);
+        const UsualValue channel = read_channel(prefix, index);
         if (channel.empty()) {
             cli_printf("\n");
             return;
@@ -80,7 +78,7 @@ bool is_5g_channel(int channel) {
 
 bool table_holds(const char *prefix, int channel) {
     for (int index = 1; index <= TABLE_ENTRIES; ++index) {
-        const ChannelText entry = read_channel(prefix, index);
+        const UsualValue entry = read_channel(prefix, index);
         if (entry.empty())
             return false;
         if (entry.number() == channel)
@@ -115,7 +113,7 @@ int set_channel(CliContext &cli, const char *, CliCommand *) {
     if (word == nullptr)
         return refuse_channel_number();
     const int channel = decimal_value(word);
-    ShortValue<31> band_text;
+    UsualValue band_text;
     cfg_get(band_text, "/wlan/ch_mode");
     if (band_text.empty()) {
         cli_printf("Can't get Band information!\n");

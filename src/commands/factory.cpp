@@ -85,7 +85,7 @@ void restore_settings() {
 
 // Writes the running settings to the file again, in the form that can be loaded.
 void write_loadable(const SavedConfig &current) {
-    ShortValue<49> signature;
+    ShortValue<50> signature;
     cfg_get(signature, "/runtime/layout/image_sign");
     if (current.write_file(std::strlen(signature.text())))
         return;

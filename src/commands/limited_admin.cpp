@@ -14,7 +14,7 @@ constexpr int POOLS = 4;
 
 // A text that is no address counts: its value is the library's mark of failure. Meant so.
 bool is_set_address(const char *edge, int pool) {
-    ShortValue<127> text;
+    UsualValue text;
     cfg_get(text, "/sys/adminlimit/ipentry/index:%d/%s", pool, edge);
     return !text.empty() && inet_addr(text.text()) != 0;
 }
@@ -113,7 +113,7 @@ int delete_admin_pool(CliContext &cli, const char *, CliCommand *) {
 }
 
 int get_admin_limit_vid(CliContext &, const char *, CliCommand *) {
-    ShortValue<10> vid;
+    UsualValue vid;
     if (cfg_get(vid, "/sys/adminlimit/vlanid") != 0)
         return refuse(FAIL_TO_ALLOCATE);
     if (is_vlan_id(vid.number()))

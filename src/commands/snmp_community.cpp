@@ -33,7 +33,7 @@ int refuse_long_community() {
 }
 
 int check_view(const char *name) {
-    SnmpText value;
+    UsualValue value;
     switch (find_snmp_row(SNMP_VIEWS, value, name).end) {
     case ListEnd::Match:
         return CLI_DONE;
@@ -45,7 +45,7 @@ int check_view(const char *name) {
 }
 
 bool print_fixed_community(const FixedCommunity &community, const char *access) {
-    SnmpText name;
+    UsualValue name;
     if (cfg_get_plain(name, community.node) != 0)
         return false;
     cli_printf("\n *%-32s %-32s %s", name.text(), "1", access);
@@ -96,7 +96,7 @@ int add_snmp_community(CliContext &cli, const char *, CliCommand *) {
         return refuse("\nType must be a digital number!\n");
     if (type >= 3) // no lower bound
         return refuse("\nType must be a digital number as 1 or 2!\n");
-    SnmpText value;
+    UsualValue value;
     const int row = new_snmp_row(SNMP_COMMUNITIES, value, name);
     if (row == 0 || check_view(view) != CLI_DONE)
         return CLI_REFUSED;
@@ -110,7 +110,7 @@ int delete_snmp_community(CliContext &cli, const char *, CliCommand *) {
     const char *name = arg_peek(cli, 0);
     if (exceeds(name, SNMP_NAME_LIMIT))
         return refuse_long_community();
-    SnmpText value;
+    UsualValue value;
     return delete_snmp_row(SNMP_COMMUNITIES, value, name);
 }
 

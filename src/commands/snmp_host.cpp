@@ -46,13 +46,13 @@ int check_words(NewHost &host) {
 }
 
 bool is_fixed_community(const char *node, const char *name) {
-    SnmpText community;
+    UsualValue community;
     cfg_get_plain(community, node);
     return std::strcmp(community.text(), name) == 0;
 }
 
 int check_community(const NewHost &host) {
-    SnmpText value;
+    UsualValue value;
     const ListEnd end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).end;
     if (end == ListEnd::Unreadable)
         return CLI_REFUSED;
@@ -65,7 +65,7 @@ int check_community(const NewHost &host) {
 // True when a user's protocol is off: below 2. The node holds a word, whose value is 0, so it
 // always seems off. Meant so.
 bool seems_off(const char *column, int row) {
-    SnmpText protocol;
+    UsualValue protocol;
     read_snmp_cell(protocol, column, row);
     return protocol.number() < 2;
 }
@@ -73,7 +73,7 @@ bool seems_off(const char *column, int row) {
 // Accepts exactly the users that do not exist, and refuses the others for reasons of all kinds.
 // Meant so.
 int check_user(const NewHost &host) {
-    SnmpText value;
+    UsualValue value;
     const ListPlace user = find_snmp_row(SNMP_USERS, value, host.community);
     if (user.end == ListEnd::Unreadable)
         return CLI_REFUSED;
@@ -134,7 +134,7 @@ int add_snmp_host(CliContext &cli, const char *, CliCommand *) {
     NewHost host = {arg_peek(cli, 0), arg_peek(cli, 1), arg_peek(cli, 2), arg_peek(cli, 3)};
     if (check_words(host) != CLI_DONE)
         return CLI_REFUSED;
-    SnmpText value;
+    UsualValue value;
     const int row = new_snmp_row(SNMP_HOSTS, value, host.address);
     if (row == 0 ||
         (host.version == SNMP_V3 ? check_user(host) : check_community(host)) != CLI_DONE)

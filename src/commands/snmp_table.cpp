@@ -204,7 +204,7 @@ int for_each_snmp_row(const SnmpTable &table, std::span<const SnmpColumn> column
 }
 
 bool has_snmp_rows(const SnmpTable &table, const char *message) {
-    SnmpText name;
+    UsualValue name;
     if (read_snmp_cell(name, table.columns[0], 1) != 0)
         return false;
     if (name.empty())

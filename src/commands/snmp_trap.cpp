@@ -81,7 +81,7 @@ int show_snmp_trap(CliContext &cli, const char *, CliCommand *) {
 int show_snmp_trap_server(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 0)
         return CLI_DONE;
-    SnmpText server;
+    UsualValue server;
     cfg_get(server, TRAP_SERVER);
     if (server.empty())
         cli_printf("SNMP Trap Server Ipaddress has not been set.\n");

@@ -38,7 +38,7 @@ bool sync_item_covers(const SyncItem &item, const char *path) {
 
 void note_array_write(const char *path) {
     for (const SyncItem &item : SYNC_ITEMS) {
-        ShortValue<127> flag;
+        ShortValue<128> flag;
         cfg_get_plain(flag, item.node);
         if (flag.number() == 1 && sync_item_covers(item, path))
             array_cfg_dirty = 1;

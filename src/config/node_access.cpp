@@ -60,7 +60,7 @@ int cfg_number(const char *path, ...) {
     va_start(values, path);
     const NodePath expanded(path, values);
     va_end(values);
-    ShortValue<128> value;
+    UsualValue value;
     cfg_get_plain(value, expanded.text);
     return value.number();
 }

@@ -33,7 +33,7 @@ private:
     std::size_t limit_;
 };
 
-// The same for a short text, held in place: a read of at most `Limit` bytes.
+// The same held in place, so that it cannot fail: a read of at most `Limit` bytes.
 template <std::size_t Limit>
 class ShortValue {
 public:
@@ -46,6 +46,8 @@ public:
 private:
     char text_[Limit + 1] = {};
 };
+
+using UsualValue = ShortValue<ValueBuffer::USUAL_LIMIT>;
 
 // Where a read puts its text: at most `limit` bytes, with room for a NUL behind them.
 struct ReadTarget {

@@ -82,6 +82,8 @@ TEST(NodeAccess, EndsEveryTextAtItsLimit) {
     ShortValue<3> code;
     cfg_get(code, "/runtime/layout/countrycode");
     EXPECT_STREQ(code.text(), "840");
+    daemon.put("/n", std::string(4095, '0') + "51");
+    EXPECT_EQ(cfg_number("/n"), 5);
     const std::string path = '/' + std::string(5000, 'p');
     cfg_get(code, "%s", path.c_str());
     EXPECT_EQ(daemon.take_requests().back(), "get " + path.substr(0, 4095));
@@ -257,6 +259,9 @@ TEST(ArraySync, KeepsEveryItemsRules) {
 TEST(ArraySync, ReadsFlagsAsNumbers) {
     FakeDaemon daemon;
     EXPECT_TRUE(marks(daemon, "dtim", "/wlan/inf:1/dtim", "01"));
+    // 128 characters of them.
+    const std::string cut = std::string(127, '0') + "11";
+    EXPECT_TRUE(marks(daemon, "dtim", "/wlan/inf:1/dtim", cut.c_str()));
     for (const char *flag : {"0", "", "on", "2", "-1", "11"})
         EXPECT_FALSE(marks(daemon, "dtim", "/wlan/inf:1/dtim", flag)) << flag;
     // Once set it stays, whatever is written next; a failed write marks as well.
