@@ -11,7 +11,8 @@
 namespace {
 
 constexpr int RULES = 64;
-constexpr int PORT_LIMIT = 65536;
+constexpr std::uint32_t PORT_LIMIT = 65536;
+constexpr std::size_t NAME_LIMIT = 100; // in the list
 constexpr NumberedList RULE("/qos/rule/index:%d");
 
 bool is_rule(int index) {
@@ -92,14 +93,13 @@ bool add_addresses(CliContext &cli, int rule, int host) {
 bool add_ports(CliContext &cli, int rule, int host) {
     const char *start = arg_next(cli);
     const char *range = arg_next(cli);
-    const int first = decimal_value(start);
-    const int count = decimal_value(range);
-    // No port at all, a count of 0, ends below the first port. Meant so.
-    if (first < 0 || first >= PORT_LIMIT || count < 0 || count > PORT_LIMIT - first ||
-        first + count < 1)
+    const std::uint32_t first = unsigned_value(start);
+    // A count of 0 or less ends below the first port. Deliberate.
+    const std::uint32_t last = first + unsigned_value(range) - 1;
+    if (first >= PORT_LIMIT || last >= PORT_LIMIT)
         return false;
     cfg_set(start, "/qos/rule/index:%d/host%d/startport", rule, host);
-    cfg_set_number(first + count - 1, "/qos/rule/index:%d/host%d/endport", rule, host);
+    cfg_set_number(last, "/qos/rule/index:%d/host%d/endport", rule, host);
     cfg_set(range, "/qos/rule/index:%d/host%d/portrange", rule, host);
     return true;
 }
@@ -141,7 +141,11 @@ int switch_rule(CliContext &cli, const char *command, const char *state) {
 // A field of a rule as the list shows it.
 class RuleField {
 public:
-    RuleField(int rule, const char *field) { cfg_get(text_, "/qos/rule/index:%d/%s", rule, field); }
+    RuleField(int rule, const char *field, std::size_t limit = ValueBuffer::USUAL_LIMIT) {
+        ReadTarget target(text_);
+        target.limit = limit;
+        cfg_get(target, "/qos/rule/index:%d/%s", rule, field);
+    }
     RuleField(int rule, int host, const char *field) {
         cfg_get(text_, "/qos/rule/index:%d/host%d/%s", rule, host, field);
     }
@@ -152,7 +156,7 @@ public:
     [[nodiscard]] const char *text_or_any() const { return empty() ? "any" : text(); }
 
 private:
-    ShortValue<100> text_;
+    UsualValue text_;
 };
 
 void print_host(int rule, int host) {
@@ -209,7 +213,7 @@ int delete_qos_rule(CliContext &cli, const char *, CliCommand *) {
 
 int list_qos_rules(CliContext &, const char *, CliCommand *) {
     for (int rule = 1; rule <= RULES; ++rule) {
-        const RuleField name(rule, "name");
+        const RuleField name(rule, "name", NAME_LIMIT);
         if (!name.empty())
             print_rule(rule, name);
     }

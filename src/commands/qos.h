@@ -24,16 +24,16 @@ int list_qos_rules(CliContext &cli, const char *word, CliCommand *subtable);
 // The displays call the classifiers by other names. Meant so.
 inline constinit auto qos_classifier_rows = command_table({
     {"http", "Set HTTP Classifier Status", dispatch_subtable,
-     reporting_switch_rows<"/qos/classifiers/http", APPLY_QOS, "HTTP Classifier",
+     reporting_switch_rows<"/qos/classifiers/http", APPLY_QOS, "HTTP Classifier Status",
                            "Qos HTTP Classifier">.data()},
     {"auto", "Set Auto Classifier Status", dispatch_subtable,
-     reporting_switch_rows<"/qos/classifiers/auto", APPLY_QOS, "Auto Classifier",
+     reporting_switch_rows<"/qos/classifiers/auto", APPLY_QOS, "Auto Classifier Status",
                            "Qos Auto Classifier">.data()},
 });
 
 inline constinit auto qos_all_rules_rows = command_table({
     {"status", "Set QoS Rules Status", dispatch_subtable,
-     reporting_switch_rows<"/qos/rule/enable", APPLY_QOS, "QoS Rules", "QoS Rules Status">.data()},
+     reporting_switch_rows<"/qos/rule/enable", APPLY_QOS, "QoS Rules Status", "QoS Rules Status">.data()},
 });
 
 inline constinit auto qos_rule_rows = command_table({

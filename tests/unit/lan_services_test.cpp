@@ -108,7 +108,7 @@ TEST_F(LanServices, RefusalsPrintTheUsage) {
     expect_refusals(CLI_REFUSED, "set qos rule add 1 protocol", {"-1", "257", "6 1"}, usage);
     expect_refusals(CLI_REFUSED, "set qos rule add 1 host1port",
                     {"65535 2", "65536 0", "1 2147483647"}, usage);
-    expect_refusals(CLI_REFUSED, "set qos rule add 1 host2port", {"0 0", "-1 2", "10 -5"}, usage);
+    expect_refusals(CLI_REFUSED, "set qos rule add 1 host2port", {"0 0", "-1 2", "10 -10"}, usage);
     expect_refusals(
         CLI_REFUSED, "set qos rule add 1 host1ip",
         {"10.0.0.1", "10.0.0.1 0", "10.0.0.1 -1", "10.0.0.1 255", "10.0.0.0 255", "10.0.0.250 6"},
