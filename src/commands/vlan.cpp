@@ -6,34 +6,29 @@
 #include "shell/output.h"
 
 #include <algorithm>
-#include <array>
+#include <cstring>
 
 // The paths and formats come from template arguments and tables of this program's own.
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 
 namespace {
 
-constexpr int DEFAULT_PVID = 1;
+constexpr char DEFAULT_PVID[] = "1";
 
-// The VLAN IDs of the entries that the table counts, 0 for free ones. Read once, since every port
-// is looked up in all of them.
-using GroupVids = std::array<int, LAST_GROUP_ENTRY>;
+// No table has more entries, so that a daemon that miscounts cannot hold the console up for long.
+constexpr int MAX_COUNTED_ENTRIES = 256;
 
-GroupVids read_group_vids() {
-    GroupVids vids{};
-    const int count = std::clamp(cfg_number("/sys/group_vlan/index#"), 0, LAST_GROUP_ENTRY);
-    for (int entry = 1; entry <= count; ++entry)
-        vids[static_cast<std::size_t>(entry - 1)] = group_vid(entry);
-    return vids;
-}
+// The PVID of a port with an index, which goes into the path as typed.
+constexpr char INDEXED_PVID[] = "/wlan/inf:%d/%s/index:%s/vlan_id";
 
-int pvid_of(const VlanPort &port, const GroupVids &vids) {
-    for (int entry = LAST_GROUP_ENTRY; entry >= 1; --entry) {
-        const int vid = vids[static_cast<std::size_t>(entry - 1)];
-        if (vid != 0 && group_egress(entry, port) == EGRESS_UNTAG)
-            return vid;
+// Reads a port's automatic PVID: the VLAN ID of the last of `entries` that it is an untagged member
+// of, as it stands there, or else 1.
+void read_auto_pvid(ValueBuffer &pvid, const VlanPort &port, int entries) {
+    std::memcpy(pvid.data(), DEFAULT_PVID, sizeof DEFAULT_PVID);
+    for (int entry = 1; entry <= entries; ++entry) {
+        if (group_egress(entry, port) == EGRESS_UNTAG)
+            read_group_vid(pvid, entry);
     }
-    return DEFAULT_PVID;
 }
 
 int set_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
@@ -41,21 +36,17 @@ int set_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
     const char *index = nullptr;
     if (!take_vlan_id_and_index(cli, ports, vid, index))
         return CLI_REFUSED;
-    // The index goes into the path as typed.
-    cfg_set_number(vid, "/wlan/inf:%d/%s/index:%s/vlan_id", interface_number(cli), ports.list,
-                   index);
+    cfg_set_number(vid, INDEXED_PVID, interface_number(cli), ports.list, index);
     pending_apply |= APPLY_WLAN;
     return CLI_DONE;
 }
 
-// `format` is for the index and the PVID.
-int show_indexed_pvid(CliContext &cli, const IndexedPorts &ports, const char *format) {
-    int index = 0;
-    if (!take_index(cli, ports, ports.refusals, index))
+int show_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
+    const char *index = take_only_index(cli, ports);
+    if (index == nullptr)
         return CLI_REFUSED;
-    cli_printf(
-        format, index,
-        cfg_number("/wlan/inf:%d/%s/index:%d/vlan_id", interface_number(cli), ports.list, index));
+    const int pvid = cfg_number(INDEXED_PVID, interface_number(cli), ports.list, index);
+    cli_printf("VLAN ID of %s (index %d) is %d\n", ports.name, decimal_value(index), pvid);
     return CLI_DONE;
 }
 
@@ -74,13 +65,17 @@ int enable_vlan(CliContext &, const char *, CliCommand *) {
 }
 
 int enable_auto_pvid(CliContext &, const char *, CliCommand *) {
+    ValueBuffer pvid;
+    if (!pvid)
+        return refuse(CANT_ALLOC_MEMORY);
     cfg_set("1", "/sys/auto_set_pvid");
-    const GroupVids vids = read_group_vids();
+    const int entries = std::min(cfg_number("/sys/group_vlan/index#"), MAX_COUNTED_ENTRIES);
     for (const VlanPortRun &run : VLAN_PORTS) {
         for (int step = 0; step < run.count; ++step) {
             VlanPort port = run.first;
             port.number += step;
-            cfg_set_number(pvid_of(port, vids), run.pvid_path, step + 1);
+            read_auto_pvid(pvid, port, entries);
+            cfg_set(pvid.text(), run.pvid_path, step + 1);
         }
     }
     pending_apply |= APPLY_WLAN;
@@ -114,9 +109,9 @@ int set_wds_pvid(CliContext &cli, const char *, CliCommand *) {
 }
 
 int get_multi_pvid(CliContext &cli, const char *, CliCommand *) {
-    return show_indexed_pvid(cli, MULTI_SSID_PORTS, "VLAN ID of Multi-SSID (index %d) is %d\n");
+    return show_indexed_pvid(cli, MULTI_SSID_PORTS);
 }
 
 int get_wds_pvid(CliContext &cli, const char *, CliCommand *) {
-    return show_indexed_pvid(cli, WDS_PORTS, "VLAN ID of WDS (index %d) is %d\n");
+    return show_indexed_pvid(cli, WDS_PORTS);
 }

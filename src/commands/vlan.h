@@ -10,7 +10,8 @@
 int enable_vlan(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Has the PVIDs follow the group table, and sets all of them by it at once: a port's PVID is the
-// last VLAN that it is an untagged member of, or else 1.
+// VLAN ID of the last entry that it is untagged in, as it stands there, or else 1. Returns 0; or -1
+// after " can't alloc memory ".
 int enable_auto_pvid(CliContext &cli, const char *word, CliCommand *subtable);
 
 // "dynamic" for 1, else "static".

@@ -15,12 +15,6 @@ constexpr std::size_t NAME_LIMIT = 32;
 constexpr NumberedList ENTRY("/sys/group_vlan/index:%d");
 constexpr NumberedList ENTRY_NAME("/sys/group_vlan/index:%d/group_name");
 
-// How the display of the WDS ports refuses; the other displays use the words of the setters.
-constexpr IndexRefusals WDS_DISPLAY_REFUSALS = {
-    "Wrong input parameters. Please specify the correct WDS index (%d-%d).\n",
-    "Please specify the correct WDS index (%d-%d).\n",
-};
-
 // Null for a port without an index.
 const IndexedPorts *indexed_ports(GroupPort port) {
     switch (port) {
@@ -127,6 +121,10 @@ int group_vid(int entry) {
     return is_vlan_id(vid) ? vid : 0;
 }
 
+int read_group_vid(ReadTarget vid, int entry) {
+    return cfg_get(vid, "%s/group_vid", ENTRY.path(entry));
+}
+
 int group_egress(int entry, const VlanPort &port) {
     return cfg_number("%s/%s:%d/egress", ENTRY.path(entry), port.kind, port.number);
 }
@@ -141,11 +139,10 @@ int show_group_members(CliContext &cli, GroupPort port) {
     const IndexedPorts *ports = indexed_ports(port);
     if (ports == nullptr)
         return list_members(single_port(cli, port));
-    int index = 0;
-    if (!take_index(cli, *ports, port == GroupPort::Wds ? WDS_DISPLAY_REFUSALS : ports->refusals,
-                    index))
+    const char *index = take_only_index(cli, *ports);
+    if (index == nullptr)
         return CLI_REFUSED;
-    return list_members(ports->port(cli, index));
+    return list_members(ports->port(cli, decimal_value(index)));
 }
 
 int set_group_name(CliContext &cli, const char *, CliCommand *) {

@@ -2,14 +2,12 @@
 #pragma once
 
 #include "commands/vlan_port.h"
+#include "config/value_buffer.h"
 #include "shell/command.h"
 
 #include <cstdint>
 
 inline constexpr int GROUP_ENTRIES = 18;
-
-// Ports without an index can begin a VLAN behind a full table.
-inline constexpr int LAST_GROUP_ENTRY = GROUP_ENTRIES + 1;
 
 // A port's place in a VLAN, as its egress node holds it.
 enum Egress : int {
@@ -20,6 +18,9 @@ enum Egress : int {
 
 // The VLAN ID of an entry, 0 when the entry is free.
 int group_vid(int entry);
+
+// Reads the VLAN ID of an entry as it stands, as cfg_get does.
+int read_group_vid(ReadTarget vid, int entry);
 
 // What a port is in the VLAN of an entry.
 int group_egress(int entry, const VlanPort &port);

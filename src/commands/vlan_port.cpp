@@ -3,9 +3,6 @@
 #include "shell/args.h"
 #include "shell/output.h"
 
-// The refusals come from this program's own tables.
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
-
 int refuse_vlan_id() {
     return refuse("ERROR: Unable to set VLAN ID.\n");
 }
@@ -38,7 +35,8 @@ const char *take_vlan_word(CliContext &cli) {
 bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid,
                             const char *&index) {
     if (arg_count(cli) != 2) {
-        cli_printf(ports.refusals.words, 1, ports.last_index);
+        cli_printf("Wrong input parameters. Please input VLAN ID and %s index (1-%d).\n",
+                   ports.name, ports.last_index);
         refuse_vlan_id();
         return false;
     }
@@ -47,19 +45,16 @@ bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid
     index = arg_next(cli);
     if (in_range(index, 1, ports.last_index) != 0)
         return true;
-    cli_printf(ports.refusals.index, 1, ports.last_index);
+    cli_printf("Please input correct %s index: 1-%d\n", ports.other_name, ports.last_index);
     refuse_vlan_id();
     return false;
 }
 
-bool take_index(CliContext &cli, const IndexedPorts &ports, const IndexRefusals &refusals,
-                int &index) {
+const char *take_only_index(CliContext &cli, const IndexedPorts &ports) {
     const bool alone = arg_count(cli) == 1;
-    if (alone) {
-        index = decimal_value(arg_next(cli));
-        if (index >= 1 && index <= ports.last_index)
-            return true;
-    }
-    cli_printf(alone ? refusals.index : refusals.words, 1, ports.last_index);
-    return false;
+    if (is_only_word_in(cli, 1, ports.last_index))
+        return arg_next(cli);
+    cli_printf("%sPlease specify the correct %s index (1-%d).\n",
+               alone ? "" : "Wrong input parameters. ", ports.name, ports.last_index);
+    return nullptr;
 }

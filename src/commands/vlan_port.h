@@ -40,45 +40,25 @@ inline constexpr VlanPortRun VLAN_PORTS[] = {
     {{"ath", 25}, 8, "/wlan/inf:2/wds/index:%d/vlan_id"},
 };
 
-// What is said about a wrong number of words and about a wrong index: formats for the first and
-// the last index.
-struct IndexRefusals {
-    const char *words;
-    const char *index;
-};
-
 // Wireless ports that the administrator names by an index from 1.
 struct IndexedPorts {
-    const char *list; // of the PVID nodes, below the interface
+    const char *list;       // of the PVID nodes, below the interface
+    const char *name;       // in displays and refusals,
+    const char *other_name; // and where a setter refuses the index
     int last_index;
     int offset;      // of the port's number from the index on the first band ...
     int band_offset; // ... and from there on the second
-    IndexRefusals refusals;
 
     [[nodiscard]] VlanPort port(const CliContext &cli, int index) const {
         return {"ath", index + offset + band_offset * cli.current_band};
     }
 };
 
-inline constexpr IndexedPorts MULTI_SSID_PORTS = {
-    "multi",
-    3,
-    1,
-    16,
-    {"Wrong input parameters. Please input VLAN ID and Multi-SSID index (%d-%d).\n",
-     "Please input correct multi_SSID index: %d-%d\n"},
-};
+inline constexpr IndexedPorts MULTI_SSID_PORTS = {"multi", "Multi-SSID", "multi_SSID", 3, 1, 16};
 
 // On the second band these numbers begin with the primary SSID's, not where VLAN_PORTS has the
 // WDS links. Meant so.
-inline constexpr IndexedPorts WDS_PORTS = {
-    "wds",
-    4,
-    8,
-    8,
-    {"Wrong input parameters. Please input VLAN ID and WDS index (%d-%d).\n",
-     "Please input correct WDS index: %d-%d\n"},
-};
+inline constexpr IndexedPorts WDS_PORTS = {"wds", "WDS", "WDS", 4, 8, 8};
 
 // Prints what is said when a VLAN cannot be set; returns CLI_REFUSED.
 int refuse_vlan_id();
@@ -94,6 +74,5 @@ const char *take_vlan_word(CliContext &cli);
 bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid,
                             const char *&index);
 
-// Takes the only word of a line as an index, refused with one of `refusals`. False after that.
-bool take_index(CliContext &cli, const IndexedPorts &ports, const IndexRefusals &refusals,
-                int &index);
+// Takes the only word of a line as an index, which stays as typed. Null after saying why not.
+const char *take_only_index(CliContext &cli, const IndexedPorts &ports);

@@ -153,14 +153,14 @@ TEST_F(LanServices, RekeyMailRestartsOnlyWhenAllOfItIsGood) {
     EXPECT_EQ(pending_apply, APPLY_WLAN);
 }
 
-TEST_F(LanServices, AutomaticPvidsLookAtNoMoreEntriesThanThereMayBe) {
-    for (const auto &[count, pvid] : {std::pair("99999", "19"), {"17", "17"}, {"-1", "1"}}) {
+TEST_F(LanServices, AutomaticPvidsLookAtTheEntriesThatAreCounted) {
+    for (int index = 1; index <= 257; ++index) {
+        const std::string entry = "/sys/group_vlan/index:" + std::to_string(index);
+        daemon_.put(entry + "/group_vid", std::to_string(index));
+        daemon_.put(entry + "/ath:25/egress", "2");
+    }
+    for (const auto &[count, pvid] : {std::pair("2147483647", "256"), {"40", "40"}, {"-1", "1"}}) {
         daemon_.put("/sys/group_vlan/index#", count);
-        for (int index = 1; index <= 20; ++index) {
-            const std::string entry = "/sys/group_vlan/index:" + std::to_string(index);
-            daemon_.put(entry + "/group_vid", std::to_string(index));
-            daemon_.put(entry + "/ath:25/egress", "2");
-        }
         EXPECT_EQ(run("set autosetpvid enable").result, CLI_DONE);
         EXPECT_EQ(pending_apply, APPLY_WLAN);
         EXPECT_EQ(daemon_.node("/wlan/inf:2/wds/index:1/vlan_id"), pvid);
