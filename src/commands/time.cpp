@@ -8,7 +8,9 @@
 #include "shell/output.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <climits>
+#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -20,6 +22,15 @@ int calendar_field(const char *word, int base) {
     if (word == nullptr)
         return 0;
     return static_cast<int>(std::max<long long>(decimal_value(word) - 0LL - base, INT_MIN));
+}
+
+// False, with errno set, when the clock cannot be set.
+bool set_clock(const CalendarWords &words) {
+    timespec now{};
+    if (calendar_seconds(words, now.tv_sec))
+        return clock_settime(CLOCK_REALTIME, &now) == 0;
+    errno = EINVAL;
+    return false;
 }
 
 void restart_time_service() {
@@ -69,9 +80,10 @@ int set_time(CliContext &cli, const char *, CliCommand *) {
     CalendarWords words{};
     for (const char *&word : words)
         word = arg_next(cli);
-    timespec now{};
-    if (calendar_seconds(words, now.tv_sec))
-        clock_settime(CLOCK_REALTIME, &now);
+    if (!set_clock(words)) {
+        flush_output();
+        std::perror("set time");
+    }
     return CLI_DONE;
 }
 

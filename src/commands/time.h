@@ -15,7 +15,8 @@ using CalendarWords = std::array<const char *, 6>;
 bool calendar_seconds(const CalendarWords &words, std::time_t &seconds);
 
 // `set time YEAR MONTH DAY HOUR MINUTE SECOND`, the later ones left out at will; sets the system's
-// clock, and says nothing when that fails. Refuses only no words at all.
+// clock. A failure of that is reported on standard error as "set time: " and the system's error
+// text. Refuses only no words at all.
 int set_time(CliContext &cli, const char *word, CliCommand *subtable);
 int get_time(CliContext &cli, const char *word, CliCommand *subtable);
 

@@ -88,6 +88,7 @@ TEST(Clock, IsSetWhenTheDateCanBeConverted) {
     const CommandRun refused = call_handler(set_time, "1969 12 31 23 59 59");
     EXPECT_EQ(refused.result, CLI_DONE);
     EXPECT_EQ(refused.out, "");
+    EXPECT_EQ(refused.err, "set time: Invalid argument\n");
     EXPECT_EQ(shell.take_lines(), Lines{});
 }
 
