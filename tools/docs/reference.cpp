@@ -1,0 +1,226 @@
+#include "reference.h"
+
+#include "shell/builtins.h"
+#include "shell/command.h"
+#include "syntax.h"
+#include "tables/root.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iostream>
+#include <iterator>
+#include <map>
+
+namespace {
+
+// Words of all kinds, to see whether a command minds them.
+constexpr const char *PROBES[] = {
+    "0",
+    "1",
+    "x",
+    "enable",
+    "192.168.0.77",
+    "00:1a:2b:3c:4d:5e",
+    "1 1",
+    "x x",
+    "x 1",
+    "1 x x",
+    "1 1 1 1",
+    "x x x x x",
+    "x x x x x x",
+    "1 name x",
+    "1 1 00:1a:2b:3c:4d:5e",
+    "192.168.0.77 00:1a:2b:3c:4d:5e",
+    "00:1c:b3:09:85:15",
+    "1 0 0 x x x x x x",
+};
+
+std::string tag_name(const CliCommand &row) {
+    if (row.tag == nullptr)
+        return "";
+    return std::strcmp(row.tag, DEBUG_TAG) == 0 ? "debug" : "hidden";
+}
+
+std::string text_or_empty(const char *text) {
+    return text != nullptr ? text : "";
+}
+
+Answer answer_of(const std::vector<std::string> &lines) {
+    restart_trial_device();
+    Answer last;
+    for (const std::string &line : lines)
+        last = type_line(line);
+    return last;
+}
+
+class ReferenceMaker {
+public:
+    explicit ReferenceMaker(std::string file) : file_(std::move(file)) {}
+
+    std::vector<Topic> make() {
+        for (const SyntaxLine &line : read_syntax_lines(file_)) {
+            if (!add_line(line, root_table(), ""))
+                disagree(line, "there is no command '" + line.syntax + "'");
+        }
+        walk(root_table(), "", "");
+        std::stable_partition(topics_.begin(), topics_.end(), [](const Topic &topic) {
+            return topic.path.find(' ') == std::string::npos;
+        });
+        return agreed_ && !lines_.empty() ? topics_ : std::vector<Topic>();
+    }
+
+private:
+    void disagree(const SyntaxLine &line, const std::string &what) {
+        std::cerr << file_ << ':' << line.number << ": " << what << '\n';
+        agreed_ = false;
+    }
+
+    // Enters a line for each leaf that its words lead to from `table`, behind `path`. False when
+    // there is none.
+    bool add_line(const SyntaxLine &line, const CliCommand *table, const std::string &path) {
+        const std::size_t depth = split_words(path).size();
+        const std::vector<std::string> words = split_words(line.syntax);
+        bool found = false;
+        for (const CliCommand *row = table; depth < words.size() && row->handler != nullptr;
+             ++row) {
+            if (words[depth] != "*" && words[depth] != row->name)
+                continue;
+            SyntaxLine one = line;
+            const std::string leaf = path + (path.empty() ? "" : " ") + row->name;
+            one.syntax =
+                join_words({words.begin() + static_cast<std::ptrdiff_t>(depth) + 1, words.end()});
+            one.syntax = leaf + (one.syntax.empty() ? "" : " ") + one.syntax;
+            if (row->subtable != nullptr) {
+                found = add_line(one, row->subtable, leaf) || found;
+            } else {
+                lines_[leaf].push_back(one);
+                found = true;
+            }
+        }
+        return found;
+    }
+
+    void walk(const CliCommand *table, const std::string &prefix, const std::string &tag) {
+        const bool begins_topic = std::ranges::count(prefix, ' ') == 0 && !prefix.empty();
+        for (const CliCommand *row = table; row->handler != nullptr; ++row) {
+            const std::string path = prefix.empty() ? row->name : prefix + " " + row->name;
+            const std::string row_tag = tag.empty() ? tag_name(*row) : tag;
+            if (begins_topic || (prefix.empty() && row->subtable == nullptr))
+                topics_.push_back(
+                    {path, begins_topic ? prefix : "Console", text_or_empty(row->help), {}});
+            if (row->subtable != nullptr)
+                walk(row->subtable, path, row_tag);
+            else
+                topics_.back().commands.push_back(describe(*row, path, row_tag));
+        }
+    }
+
+    Command describe(const CliCommand &row, const std::string &path, const std::string &tag) {
+        Command command{path, text_or_empty(row.help), tag, {path}, {}};
+        if (row.handler == exit_console) // it would end this program too
+            return command;
+        const Answer plain = answer_of({path});
+        const auto lines = lines_.find(path);
+        if (lines == lines_.end()) {
+            command.sessions.push_back({path, plain});
+            check_ignores_words(path, plain);
+            return command;
+        }
+        command.syntax.clear();
+        for (const SyntaxLine &line : lines->second) {
+            command.syntax.push_back(line.syntax);
+            add_example(command, line, plain);
+        }
+        return command;
+    }
+
+    void check_ignores_words(const std::string &path, const Answer &plain) {
+        for (const char *probe : PROBES) {
+            if (answer_of({path + " " + probe}) == plain)
+                continue;
+            std::cerr << file_ << ": '" << path << "' minds words, such as '" << probe
+                      << "'; a line has to say which\n";
+            agreed_ = false;
+            return;
+        }
+    }
+
+    void add_example(Command &command, const SyntaxLine &line, const Answer &plain) {
+        const bool alone = line.example.empty() && line.before.empty();
+        if (command.sessions.empty() && line.before.empty())
+            command.sessions.push_back({command.path, plain});
+        if (alone)
+            return;
+        restart_trial_device();
+        for (const std::string &before : line.before)
+            command.sessions.push_back({before, type_line(before), true});
+        const std::string typed = command.path + (line.example.empty() ? "" : " " + line.example);
+        command.sessions.push_back({typed, type_line(typed)});
+        const Answer &answer = command.sessions.back().answer;
+        if (answer == plain)
+            disagree(line, "the example changes nothing");
+        check_words(command.path, line, answer);
+    }
+
+    // The example fits the words, and the program takes and refuses what they say.
+    void check_words(const std::string &path, const SyntaxLine &line, const Answer &answer) {
+        const std::vector<std::string> places = split_words(line.syntax.substr(path.size()));
+        const std::vector<std::string> words = split_words(line.example);
+        if (words.size() > places.size())
+            disagree(line, "the example has more words");
+        for (std::size_t at = 0; at < places.size(); ++at) {
+            const WordSyntax place(places[at]);
+            if (at >= words.size()) {
+                if (!place.is_optional())
+                    disagree(line, "the example lacks " + places[at]);
+                return;
+            }
+            if (!place.fits(words[at]))
+                disagree(line, "'" + words[at] + "' is no " + places[at]);
+            check_ends(path, line, place, at, answer);
+        }
+    }
+
+    void check_ends(const std::string &path, const SyntaxLine &line, const WordSyntax &place,
+                    std::size_t at, const Answer &answer) {
+        const auto answer_to = [&](const std::string &word) {
+            std::vector<std::string> words = split_words(line.example);
+            words[at] = word;
+            std::vector<std::string> lines = line.before;
+            lines.push_back(path + " " + join_words(words));
+            return answer_of(lines);
+        };
+        const bool displays = answer.journal.empty();
+        std::string refusal; // of a display
+        for (const std::string &word : place.refused()) {
+            const Answer refused = answer_to(word);
+            if (!displays && is_like(refused, answer) &&
+                refused.journal.size() == answer.journal.size())
+                disagree(line, "'" + word + "' is taken");
+            refusal = refused.output;
+        }
+        for (const std::string &word : place.taken()) {
+            const Answer taken = answer_to(word);
+            if (!is_like(taken, answer) ||
+                (displays && !place.refused().empty() && taken.output == refusal))
+                disagree(line, "'" + word + "' is refused");
+        }
+    }
+
+    // Whether a command did the same to other nodes, or with other values.
+    static bool is_like(const Answer &one, const Answer &other) {
+        return one.result == other.result && one.journal.empty() == other.journal.empty() &&
+               one.pending == other.pending;
+    }
+
+    std::string file_;
+    std::map<std::string, std::vector<SyntaxLine>> lines_;
+    std::vector<Topic> topics_;
+    bool agreed_ = true;
+};
+
+} // namespace
+
+std::vector<Topic> make_reference(const std::string &words_file) {
+    return ReferenceMaker(words_file).make();
+}

@@ -1,0 +1,38 @@
+// A device to try commands on, without a device: the database in memory, as it is when a device
+// starts with its factory settings; command lines, the clock and the system log only recorded.
+//
+// It takes the place of config/xmldb_client, config/host_command and a few functions of the C
+// library, so there is one in a program.
+#pragma once
+
+#include <cstdint>
+#include <set>
+#include <string>
+#include <vector>
+
+// All that a command does.
+struct Answer {
+    std::string output;
+    std::vector<std::string> journal;  // "wrote PATH = VALUE", "deleted PATH", "ran LINE", ...
+    std::uint32_t pending = 0;         // bits of `set apply` that are set afterwards
+    std::set<std::string> array_items; // settings of an array that it changed
+    int result = 0;                    // the dispatcher's
+
+    bool operator==(const Answer &) const = default;
+};
+
+// What a tool is taken to answer, where the console reads it.
+inline constexpr char TOOL_ANSWER[] = "...";
+
+// Makes the directory `etc`, as the device's root has it, the one that devices start with. False
+// when its settings cannot be read.
+bool use_trial_settings(const std::string &etc);
+
+// Back to the first start.
+void restart_trial_device();
+
+// Types a line at the prompt, with the debug level unlocked, and collects what comes of it.
+Answer type_line(const std::string &line);
+
+// The command lines that `set apply` runs for one of its bits, without saving the settings.
+std::vector<std::string> apply_commands(std::uint32_t bit);
