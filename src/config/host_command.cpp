@@ -1,37 +1,14 @@
 #include "config/host_command.h"
 
+#include "config/pipe.h"
+
 #include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 
 unsigned command_lines_run = 0;
 
 namespace {
-
-// A pipe from the system shell.
-class Pipe {
-public:
-    explicit Pipe(const char *command) : stream_(popen(command, "r")) {}
-    Pipe(const Pipe &) = delete;
-    Pipe &operator=(const Pipe &) = delete;
-    ~Pipe() {
-        if (stream_ != nullptr)
-            pclose(stream_);
-    }
-
-    explicit operator bool() const { return stream_ != nullptr; }
-
-    // Reads all there is and keeps the first `limit` bytes; returns how many were kept.
-    std::size_t read_all(char *kept, std::size_t limit) {
-        const std::size_t length = std::fread(kept, 1, limit, stream_);
-        char dropped[256];
-        while (std::fread(dropped, 1, sizeof dropped, stream_) > 0) {
-        }
-        return length;
-    }
-
-private:
-    std::FILE *stream_;
-};
 
 bool may_run(const CommandLine &line) {
     flush_output();
@@ -43,18 +20,34 @@ bool may_run(const CommandLine &line) {
 
 } // namespace
 
+void make_output_blocking() {
+    for (const int stream : {STDOUT_FILENO, STDERR_FILENO}) {
+        const int flags = fcntl(stream, F_GETFL);
+        if (flags >= 0 && (flags & O_NONBLOCK) != 0)
+            fcntl(stream, F_SETFL, flags & ~O_NONBLOCK);
+    }
+}
+
 int run_command_line(const CommandLine &line) {
-    return may_run(line) ? std::system(line.text()) : -1;
+    if (!may_run(line))
+        return -1;
+    const int status = std::system(line.text());
+    make_output_blocking();
+    return status;
 }
 
 int capture_command_line(ReadTarget target, const CommandLine &line) {
     target.data[0] = '\0';
     if (!may_run(line))
         return -1;
-    Pipe pipe(line.text());
-    if (!pipe)
-        return -1;
-    std::size_t length = pipe.read_all(target.data, target.limit);
+    std::size_t length = 0;
+    {
+        Pipe pipe(line.text());
+        if (!pipe)
+            return -1;
+        length = pipe.read_all(target.data, target.limit);
+    }
+    make_output_blocking();
     if (length > 0 && target.data[length - 1] == '\n')
         --length;
     target.data[length] = '\0';

@@ -7,6 +7,11 @@
 // How many command lines were run. Each may have read from standard input, which it shares.
 extern unsigned command_lines_run;
 
+// Makes standard output and error wait for whoever reads them. The program itself never asks for
+// anything else, but a tool may leave a terminal or pipe that it shares in non-blocking mode, where
+// text that does not fit at once would be lost.
+void make_output_blocking();
+
 // Flushes standard output and runs the line, waiting for its end. Returns the shell's status; or
 // -1 when it could not be run, or was not because its cut fell into a quoted word ("Command line
 // too long." on standard error).

@@ -12,6 +12,7 @@
 #include <memory>
 #include <new>
 #include <optional>
+#include <poll.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -60,7 +61,7 @@ public:
         ssize_t got = 0;
         do {
             got = read(STDIN_FILENO, &byte, 1);
-        } while (got < 0 && errno == EINTR);
+        } while (got < 0 && may_read_again());
         if (ahead_ > 0)
             --ahead_;
         return got == 1 ? byte : -1;
@@ -70,6 +71,17 @@ public:
     void forget() { ahead_ = 0; }
 
 private:
+    // After a read that failed. A tool may have left the terminal, which is where output goes as
+    // well, in non-blocking mode.
+    static bool may_read_again() {
+        if (errno != EAGAIN)
+            return errno == EINTR;
+        make_output_blocking();
+        pollfd input{STDIN_FILENO, POLLIN, 0};
+        poll(&input, 1, -1);
+        return true;
+    }
+
     int ahead_ = 0; // bytes that are known to be there
 };
 

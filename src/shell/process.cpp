@@ -1,5 +1,7 @@
 #include "shell/process.h"
 
+#include "config/host_command.h"
+
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/prctl.h>
@@ -12,5 +14,6 @@ void prepare_process() {
         if (fcntl(stream, F_GETFD) < 0 && open("/dev/null", O_RDWR) != stream)
             std::_Exit(FAILURE);
     }
+    make_output_blocking();
     prctl(PR_SET_DUMPABLE, 0);
 }

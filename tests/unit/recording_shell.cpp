@@ -1,9 +1,14 @@
 #include "recording_shell.h"
 
+#include <cerrno>
 #include <cstdlib>
 #include <ctime>
 #include <dlfcn.h>
+#include <limits>
+#include <spawn.h>
 #include <sys/time.h>
+#include <sys/wait.h>
+#include <tuple>
 #include <unistd.h>
 #include <utility>
 
@@ -11,6 +16,8 @@ namespace {
 
 // Other threads (a fuzzer has one that watches the memory) go on as usual.
 thread_local RecordingShell *active = nullptr;
+
+constexpr pid_t NO_PROCESS = std::numeric_limits<pid_t>::max();
 
 template <class Function>
 Function *usual(Function *, const char *name) {
@@ -38,21 +45,12 @@ std::vector<std::string> RecordingShell::take_lines() {
     return std::exchange(lines_, {});
 }
 
-std::FILE *RecordingShell::open_pipe(const char *line) {
+int RecordingShell::start_shell(const char *line) {
     if (!pipes_)
-        return nullptr;
+        return EAGAIN;
     remember(line);
-    pipe_ = std::tmpfile();
-    std::fputs(output_.c_str(), pipe_);
-    std::rewind(pipe_);
-    return pipe_;
-}
-
-bool RecordingShell::close_pipe(std::FILE *pipe) {
-    if (pipe != pipe_)
-        return false;
-    std::fclose(std::exchange(pipe_, nullptr));
-    return true;
+    std::ignore = write(pipe_, output_.data(), output_.size());
+    return 0;
 }
 
 // These take the place of the C library's, whose parameters have reserved names.
@@ -66,13 +64,26 @@ int system(const char *line) {
     return 0;
 }
 
-std::FILE *popen(const char *line, const char *mode) {
-    return active != nullptr ? active->open_pipe(line) : usual(popen, "popen")(line, mode);
+int posix_spawn_file_actions_adddup2(posix_spawn_file_actions_t *actions, int fd,
+                                     int new_fd) noexcept {
+    if (active != nullptr)
+        active->print_into(fd);
+    return usual(posix_spawn_file_actions_adddup2, "posix_spawn_file_actions_adddup2")(actions, fd,
+                                                                                       new_fd);
 }
 
-int pclose(std::FILE *pipe) {
-    const bool ours = active != nullptr && active->close_pipe(pipe);
-    return ours ? 0 : usual(pclose, "pclose")(pipe);
+int posix_spawn(pid_t *pid, const char *path, const posix_spawn_file_actions_t *actions,
+                const posix_spawnattr_t *attributes, char *const *arguments,
+                char *const *environment) {
+    if (active == nullptr)
+        return usual(posix_spawn, "posix_spawn")(pid, path, actions, attributes, arguments,
+                                                 environment);
+    *pid = NO_PROCESS;
+    return active->start_shell(arguments[2]);
+}
+
+pid_t waitpid(pid_t pid, int *status, int options) {
+    return pid == NO_PROCESS ? pid : usual(waitpid, "waitpid")(pid, status, options);
 }
 
 unsigned sleep(unsigned seconds) {

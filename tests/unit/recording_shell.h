@@ -1,7 +1,6 @@
 // Stands in for the system shell, and for time, in tests of what commands run.
 #pragma once
 
-#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -14,10 +13,10 @@ public:
     RecordingShell &operator=(const RecordingShell &) = delete;
     ~RecordingShell();
 
-    // What every captured command line prints from now on.
+    // What every captured command line prints from now on: at most what a pipe holds.
     void print(const std::string &output) { output_ = output; }
 
-    // From now on no pipe to the shell can be opened.
+    // From now on no shell can be started for its output.
     void refuse_pipes() { pipes_ = false; }
 
     // What happened since the last call, in order: command lines as they are, "sleep SECONDS",
@@ -26,12 +25,12 @@ public:
 
     // What the C library's functions do in the meantime.
     void remember(std::string line) { lines_.push_back(std::move(line)); }
-    std::FILE *open_pipe(const char *line);
-    bool close_pipe(std::FILE *pipe); // false when it is none of ours
+    void print_into(int pipe) { pipe_ = pipe; }
+    int start_shell(const char *line);
 
 private:
     std::string output_;
     std::vector<std::string> lines_;
     bool pipes_ = true;
-    std::FILE *pipe_ = nullptr;
+    int pipe_ = -1;
 };

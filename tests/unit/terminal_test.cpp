@@ -1,12 +1,18 @@
-// The terminal's settings while a line is edited, and after.
-#include "shell/terminal.h"
+// The terminal's settings while a line is edited, and after; streams in non-blocking mode.
+#include "typed_line.h"
 
 #include "config/unique_fd.h"
+#include "shell/console.h"
+#include "shell/process.h"
+#include "shell/terminal.h"
+#include "tables/root.h"
 
 #include <cstring>
+#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <pty.h>
 #include <sys/ioctl.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace {
@@ -93,6 +99,55 @@ TEST(TerminalWidth, IsTheTerminalsOwnWhereItTellsOne) {
     EXPECT_EQ(terminal_width(), 80);
     close(ends[0]);
     close(ends[1]);
+}
+
+// A console with pipes for a keyboard and a screen, one of them in non-blocking mode. The keys
+// come when there is nothing to read, and what is printed finds no room.
+void expect_nothing_lost(int keys_mode, int screen_mode) {
+    constexpr int LINE_ROOM = 128; // no line is longer, and each goes out as a whole
+    int keys[2];
+    int screen[2];
+    ASSERT_EQ(pipe2(keys, O_CLOEXEC | keys_mode) | pipe2(screen, O_CLOEXEC | screen_mode), 0);
+    const int room = fcntl(screen[1], F_SETPIPE_SZ, 4096);
+    const pid_t console = fork();
+    if (console == 0) {
+        dup2(keys[0], STDIN_FILENO);
+        dup2(screen[1], STDOUT_FILENO);
+        close(keys[1]);
+        prepare_process();
+        _exit(run_console(stdin, root_table()) + (std::fflush(stdout) != 0 ? 1 : 0));
+    }
+    close(screen[1]);
+    const auto wait_for_output = [&screen](int size) {
+        int waiting = 0;
+        for (int left = 10'000; waiting < size && left > 0; --left) {
+            usleep(1000);
+            ioctl(screen[0], FIONREAD, &waiting);
+        }
+        EXPECT_GE(waiting, size);
+    };
+    wait_for_output(6);
+    EXPECT_EQ(write(keys[1], "hel", 3), 3);
+    wait_for_output(9);
+    EXPECT_EQ(write(keys[1], "p\n", 2), 2);
+    wait_for_output(room - LINE_ROOM);
+    close(keys[1]);
+    fcntl(screen[0], F_SETFL, 0);
+    std::string shown;
+    char chunk[4096];
+    for (ssize_t got = 0; (got = read(screen[0], chunk, sizeof chunk)) > 0;)
+        shown.append(chunk, static_cast<std::size_t>(got));
+    close(screen[0]);
+    close(keys[0]);
+    int status = -1;
+    waitpid(console, &status, 0);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(shown, "WAP-> help\n" + dispatch_line(root_table(), "help").out + "WAP-> exit\n");
+}
+
+TEST(Console, WaitsForStreamsInNonBlockingMode) {
+    expect_nothing_lost(O_NONBLOCK, 0);
+    expect_nothing_lost(0, O_NONBLOCK);
 }
 
 } // namespace

@@ -1,0 +1,45 @@
+// Reading what a tool prints.
+#pragma once
+
+#include "config/unique_fd.h"
+
+#include <csignal>
+#include <cstddef>
+#include <sys/types.h>
+
+// While it lives, the keyboard's interrupt and quit do nothing to this process.
+class KeyboardSignalsIgnored {
+public:
+    KeyboardSignalsIgnored();
+    KeyboardSignalsIgnored(const KeyboardSignalsIgnored &) = delete;
+    KeyboardSignalsIgnored &operator=(const KeyboardSignalsIgnored &) = delete;
+    ~KeyboardSignalsIgnored();
+
+private:
+    struct sigaction interrupt_{};
+    struct sigaction quit_{};
+};
+
+// A command line that the system shell runs with a pipe as its standard output. The keyboard's
+// signals end the tool and not this process, as with std::system.
+class Pipe {
+public:
+    // Starts `sh -c COMMAND`. It may fail: test it before use.
+    explicit Pipe(const char *command);
+    Pipe(const Pipe &) = delete;
+    Pipe &operator=(const Pipe &) = delete;
+    // Waits for the shell's end.
+    ~Pipe();
+
+    // False when there was no pipe or no process to be had.
+    explicit operator bool() const { return shell_ > 0; }
+
+    // Reads up to the end of the output and keeps the first `limit` bytes, so that no tool blocks;
+    // returns how many were kept.
+    std::size_t read_all(char *kept, std::size_t limit);
+
+private:
+    KeyboardSignalsIgnored signals_ignored_;
+    UniqueFd output_;
+    pid_t shell_ = -1;
+};
