@@ -80,19 +80,14 @@ with its code unlocks the debug level, for this session; hidden commands are lis
 serve service and production.
 )";
 
-constexpr char AFTER_COMMANDS[] = R"(.SH EXAMPLES
-Name the network, protect it and put it to work:
-.PP
-.nf
-WAP\-> set ssid Office
-SSID:Office
-WAP\-> set cipher auto
-WAP\-> set authentication wpa2\-psk
-WAP\-> set passphrase correct\-horse
-WAP\-> set apply
-.fi
-.PP
-Ask from a script:
+// Typed one after the other.
+constexpr const char *EXAMPLE[] = {
+    "set ssid Office", "set authentication wpa2-psk",  "set cipher aes",
+    "get cipher",      "set passphrase correct-horse", "set apply",
+};
+
+constexpr char AFTER_COMMANDS[] = R"(.PP
+From a script:
 .PP
 .nf
 printf 'get ssid\enget channel\en' | wap\-cli
@@ -218,7 +213,7 @@ void write_entry(std::ostream &out, const Entry &entry) {
 }
 
 void write_commands(std::ostream &out, const std::vector<Topic> &topics) {
-    out << ".SH COMMANDS\nWords to be filled in:\n";
+    out << ".SH COMMANDS\n.nh\n.ad l\nWords to be filled in:\n";
     for (const WordKind &kind : WORD_KINDS)
         out << ".TP\n.B <" << troff(std::string(kind.name)) << ">\n"
             << troff_line(std::string(kind.meaning)) << '\n';
@@ -241,6 +236,17 @@ void write_services(std::ostream &out) {
         for (const std::string &entry : apply_commands(service.bit))
             out << ".br\n" << troff_line(entry.substr(entry.find(' ') + 1)) << '\n';
     }
+}
+
+void write_example(std::ostream &out) {
+    out << ".SH EXAMPLES\nName the network, protect it and put it to work:\n.PP\n.nf\n";
+    restart_trial_device();
+    for (const char *line : EXAMPLE) {
+        out << "WAP\\-> " << troff(line) << '\n';
+        for (const std::string &printed : split_words(type_line(line).output, '\n'))
+            out << troff_line(printed) << '\n';
+    }
+    out << ".fi\n";
 }
 
 // What a command line runs: a script under its path, a tool under its name.
@@ -273,7 +279,7 @@ void write_programs(std::ostream &out, const std::vector<Topic> &topics) {
         out << separator << troff_line(program);
         separator = ",\n";
     }
-    out << ".\n";
+    out << ";\nand xmldbc while the console is tunnelled.\n";
 }
 
 } // namespace
@@ -286,6 +292,7 @@ void write_manual(std::ostream &out, const std::vector<Topic> &topics, const std
         << BEFORE_COMMANDS;
     write_commands(out, topics);
     write_services(out);
+    write_example(out);
     out << AFTER_COMMANDS;
     write_programs(out, topics);
 }
