@@ -7,6 +7,7 @@
 
 #include <cstdio>
 #include <fcntl.h>
+#include <string_view>
 
 namespace {
 
@@ -51,6 +52,22 @@ int run_ftp(CliContext &cli, const char *usage, FtpCommand command) {
     return show_answer<"%s", OUTPUT_LIMIT>(command, user, password, host, file);
 }
 
+// Whether a name leads out of the directory that stands before it.
+bool leads_upwards(std::string_view name) {
+    while (true) {
+        const std::size_t end = name.find('/');
+        if (name.substr(0, end) == "..")
+            return true;
+        if (end == std::string_view::npos)
+            return false;
+        name.remove_prefix(end + 1);
+    }
+}
+
+int refuse_file_name() {
+    return refuse("Invalid file name!!\n");
+}
+
 void remove_from_tmp(ShellWord file) {
     ToolOutput unseen;
     cmd_capture(unseen, "rm /tmp/%s -f", file);
@@ -89,6 +106,8 @@ int tftp_put_xml_config(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 2)
         return refuse("%s\n", USAGE);
     const ShellWord file(arg_next(cli));
+    if (leads_upwards(file.text))
+        return refuse_file_name();
     Ipv4Text host_text{};
     const CommandValue host = take_host(cli, host_text, USAGE);
     ToolOutput unseen;
@@ -102,6 +121,8 @@ int tftp_get_xml_config(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 2)
         return refuse("tftp getxmlconfig [config file name] [host IP Address]\n");
     const ShellWord file(arg_next(cli));
+    if (leads_upwards(file.text))
+        return refuse_file_name();
     std::uint32_t address = 0;
     if (arg_ipv4(cli, address) == 0)
         return refuse("Invalid host address!!\n");

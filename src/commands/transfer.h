@@ -11,6 +11,8 @@ int tftp_get_config(CliContext &cli, const char *word, CliCommand *subtable);
 int tftp_get_firmware(CliContext &cli, const char *word, CliCommand *subtable);
 int tftp_put_config(CliContext &cli, const char *word, CliCommand *subtable);
 
+// The two below keep the text in /tmp on its way, and refuse a name that leads out of there.
+
 // Sends the whole database as text, with a bad host as above; what the tools answer is not shown.
 int tftp_put_xml_config(CliContext &cli, const char *word, CliCommand *subtable);
 
