@@ -16,8 +16,8 @@ public:
     ~KeyboardSignalsIgnored();
 
 private:
-    struct sigaction interrupt_{};
-    struct sigaction quit_{};
+    struct sigaction interrupt_ {};
+    struct sigaction quit_ {};
 };
 
 // A command line that the system shell runs with a pipe as its standard output. The keyboard's

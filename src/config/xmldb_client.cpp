@@ -7,6 +7,7 @@
 #include <cstring>
 #include <sys/select.h>
 #include <sys/socket.h>
+#include <sys/uio.h>
 #include <sys/un.h>
 
 const char *xmldb_default_socket = XMLDB_SOCKET;
@@ -18,15 +19,24 @@ constexpr std::size_t PAIR_SIZE = 256;
 constexpr std::size_t FORMATTED_PATH_SIZE = 512;
 constexpr std::size_t TEXT_CHUNK = 1024;
 
-// No write may raise a signal, whenever the daemon goes away.
-bool send_all(const UniqueFd &connection, const void *data, std::size_t size) {
-    const auto *at = static_cast<const char *>(data);
-    while (size > 0) {
-        const ssize_t sent = send(connection.get(), at, size, MSG_NOSIGNAL);
+// Sends all parts, in one system call unless it falls short. No send may raise a signal, whenever
+// the daemon goes away.
+template <std::size_t N>
+bool send_all(const UniqueFd &connection, iovec (&parts)[N]) {
+    msghdr message{};
+    message.msg_iov = parts;
+    message.msg_iovlen = N;
+    while (message.msg_iovlen > 0) {
+        const ssize_t sent = sendmsg(connection.get(), &message, MSG_NOSIGNAL);
         if (sent <= 0)
             return false;
-        at += sent;
-        size -= static_cast<std::size_t>(sent);
+        auto done = static_cast<std::size_t>(sent);
+        for (; message.msg_iovlen > 0 && done >= message.msg_iov->iov_len; --message.msg_iovlen)
+            done -= message.msg_iov++->iov_len;
+        if (done > 0) {
+            message.msg_iov->iov_base = static_cast<char *>(message.msg_iov->iov_base) + done;
+            message.msg_iov->iov_len -= done;
+        }
     }
     return true;
 }
@@ -100,9 +110,8 @@ int xmldb_request(const UniqueFd &connection, std::uint16_t action, std::uint32_
     header.action = action;
     header.length = static_cast<std::uint16_t>(length);
     header.flags = flags;
-    if (!send_all(connection, &header, sizeof header))
-        return -1;
-    return send_all(connection, payload, length) ? 0 : -1;
+    iovec parts[] = {{&header, sizeof header}, {const_cast<char *>(payload), length}};
+    return send_all(connection, parts) ? 0 : -1;
 }
 
 int xmldb_read_text(const UniqueFd &connection, std::FILE *stream) {

@@ -29,7 +29,8 @@ UniqueFd xmldb_open(const char *socket_path);
 // Closes a connection.
 void xmldb_close(UniqueFd &connection);
 
-// Sends a header and `length` bytes of payload. Returns 0, or -1 if either could not be sent.
+// Sends a header and `length` bytes of payload together. Returns 0, or -1 if they could not be
+// sent.
 int xmldb_request(const UniqueFd &connection, std::uint16_t action, std::uint32_t flags,
                   const char *payload, std::size_t length);
 

@@ -6,6 +6,26 @@
 #include "config/node_access.h"
 
 #include <gtest/gtest.h>
+#include <limits>
+#include <sys/uio.h>
+
+namespace {
+
+// What a system call sends at most, and how many calls there were.
+thread_local std::size_t send_limit = std::numeric_limits<std::size_t>::max();
+thread_local int sends = 0;
+
+} // namespace
+
+// NOLINTNEXTLINE(readability-inconsistent-declaration-parameter-name): it replaces the C library's
+extern "C" ssize_t sendmsg(int socket, const msghdr *message, int flags) {
+    std::string bytes;
+    for (std::size_t part = 0; part < message->msg_iovlen; ++part)
+        bytes.append(static_cast<const char *>(message->msg_iov[part].iov_base),
+                     message->msg_iov[part].iov_len);
+    ++sends;
+    return send(socket, bytes.data(), std::min(bytes.size(), send_limit), flags);
+}
 
 namespace {
 
@@ -52,6 +72,19 @@ TEST(XmldbClient, CutsWhatTheProtocolHasNoRoomFor) {
     EXPECT_EQ(daemon.take_requests(),
               (Lines{"set /p " + text.substr(0, 1020), "8 one " + text.substr(0, 251), "5 " + text,
                      "get /" + text.substr(0, 510)}));
+}
+
+TEST(XmldbClient, SendsARequestInOneCallUnlessItFallsShort) {
+    FakeDaemon daemon;
+    // In the header, at its end, in the text.
+    for (const std::size_t limit : {1, 11, 12, 13, 20, 1000}) {
+        send_limit = limit;
+        sends = 0;
+        EXPECT_EQ(xmldb_set(xmldb_open(nullptr), 0, "/path", "a value"), 0);
+        EXPECT_EQ(sends, (26 + static_cast<int>(limit) - 1) / static_cast<int>(limit));
+        EXPECT_EQ(daemon.take_requests(), Lines{"set /path a value"});
+    }
+    send_limit = std::numeric_limits<std::size_t>::max();
 }
 
 TEST(XmldbClient, SaysWhichSocketWasAskedFor) {
