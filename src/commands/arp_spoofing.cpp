@@ -12,7 +12,7 @@ constexpr NumberedList RULE("/arpspoofing/static/index:%d");
 constexpr NumberedList RULE_ADDRESS("/arpspoofing/static/index:%d/ip");
 constexpr NumberedList RULE_MAC("/arpspoofing/static/index:%d/mac");
 
-using RuleText = ShortValue<20>;
+using ArpText = ShortValue<20>;
 
 int refuse_add() {
     return refuse("set arpspoofing add <ip address> <mac address>\n");
@@ -23,7 +23,7 @@ int refuse_add() {
 int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 2)
         return refuse_add();
-    RuleText stored;
+    ArpText stored;
     const ListPlace free_rule = find_in_list(RULE_ADDRESS, stored, "", RULES);
     // Comes before a look at the words. Meant so.
     if (free_rule.end == ListEnd::Full)
@@ -54,13 +54,14 @@ int delete_arp_rules(CliContext &, const char *, CliCommand *) {
 }
 
 int get_arp_rules(CliContext &, const char *, CliCommand *) {
-    cli_printf("ARP Spoofing Status: %s\n",
-               capital_enable_word(cfg_number("/arpspoofing/enable") == 1));
+    ArpText status;
+    cfg_get(status, "/arpspoofing/enable");
+    cli_printf("ARP Spoofing Status: %s\n", capital_enable_word(status.number() == 1));
     cli_printf("----------------ARP Spoofing Prevention Rules---------------\n"
                "Index\tGateway IP Address\tGateway MAC Address\n");
-    RuleText address;
+    ArpText address;
     for_each_entry(RULE_ADDRESS, address, RULES, [&](int index) {
-        RuleText mac;
+        ArpText mac;
         RULE_MAC.read(mac, index);
         cli_printf("%d\t%s\t\t%s\n", index, address.text(), mac.text());
     });
