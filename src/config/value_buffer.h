@@ -33,10 +33,13 @@ private:
     std::size_t limit_;
 };
 
-// The same held in place, so that it cannot fail: a read of at most `Limit` bytes.
+// The same held in place, so that it cannot fail: a read of at most `Limit` bytes. Only made empty,
+// not zero-filled: zeros in bulk would be a copy from the program's own read-only data.
 template <std::size_t Limit>
 class ShortValue {
 public:
+    ShortValue() { text_[0] = '\0'; }
+
     [[nodiscard]] char *data() { return text_; }
     [[nodiscard]] std::size_t limit() const { return Limit; }
     [[nodiscard]] const char *text() const { return text_; }
@@ -44,7 +47,7 @@ public:
     [[nodiscard]] int number() const { return decimal_value(text_); }
 
 private:
-    char text_[Limit + 1] = {};
+    char text_[Limit + 1];
 };
 
 using UsualValue = ShortValue<ValueBuffer::USUAL_LIMIT>;
