@@ -53,7 +53,7 @@ void scan_for_access_points() {
 }
 
 // The columns do not line up with the heading. Meant so.
-void print_scan_result(int interface, int index, const char *mac, ReadTarget ssid) {
+void print_scan_result(int interface, int index, ReadTarget mac, ReadTarget ssid) {
     static constexpr const char *TYPES[] = {"new    ", "valid  ", "neighbor      ", "rogue  "};
     static constexpr const char *BANDS[] = {"B      ", "G   ", "N   ", "A   "};
     const auto number = [&](const char *field) {
@@ -62,7 +62,7 @@ void print_scan_result(int interface, int index, const char *mac, ReadTarget ssi
     cfg_get(ssid, SCANNED, interface, index, "ssid");
     cli_printf("%d       %s%s%d       %d/%%     %s   %s  %s\n", index,
                column_text(TYPES, number("type")), column_text(BANDS, number("band")),
-               number("channel"), number("rssi"), ssid.data, mac,
+               number("channel"), number("rssi"), printable_text(ssid), printable_text(mac),
                number("status") != 0 ? "Up" : "Down");
 }
 
@@ -109,7 +109,7 @@ int get_rogue_aps(CliContext &cli, const char *, CliCommand *) {
     for_each_entry(classified_addresses(cli), mac, LIST_BOUND, [&](int index) {
         const char *type =
             rogue_type_name(cfg_number(CLASSIFIED, interface_number(cli), index, "type"));
-        cli_printf("rogue ap client%d mac-->%s\n", index, mac.text());
+        cli_printf("rogue ap client%d mac-->%s\n", index, printable_text(mac));
         if (type != nullptr)
             cli_printf("rogue ap client%d type-->%s\n", index, type);
     });
@@ -139,9 +139,8 @@ int get_intrusion(CliContext &cli, const char *, CliCommand *) {
     scan_for_access_points();
     print_lines({"===============================================================================",
                  "index   type   band   channel   rssi   ssid        mac                 status"});
-    for_each_entry(scanned_addresses(cli), mac, SCAN_ROWS, [&](int index) {
-        print_scan_result(interface_number(cli), index, mac.text(), ssid);
-    });
+    for_each_entry(scanned_addresses(cli), mac, SCAN_ROWS,
+                   [&](int index) { print_scan_result(interface_number(cli), index, mac, ssid); });
     return CLI_DONE;
 }
 

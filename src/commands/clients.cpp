@@ -66,9 +66,9 @@ void print_client(const Ssid &ssid, int client, ValueBuffer &value) {
     };
     const auto print_field = [&](const char *label, const char *node) {
         ssid.read(value, client, node);
-        cli_printf("Client%d--%s:%s\n", client, label, value.text());
+        cli_printf("Client%d--%s:%s\n", client, label, printable_text(value));
     };
-    cli_printf("Client%d--time:%s\n", client, value.text());
+    cli_printf("Client%d--time:%s\n", client, printable_text(value));
     ssid.read(value, client, "ssid_index"); // nothing comes of it
     ssid.print_name(client);
     print_field("mac", "mac");

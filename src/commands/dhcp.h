@@ -124,7 +124,8 @@ inline constexpr auto dhcp_get_rows = command_rows({
     {"dhcp_sta_expire", "Display dhcp server sta's expire time",
      show_list<"runtime/dhcpserver/lease:%d/expire", "sta's expire:%d-->%s\n">},
     {"dhcp_sta_hostname", "Display dhcp server sta's hostname",
-     show_list<"runtime/dhcpserver/lease:%d/hostname", "sta's hostname:%d-->%s\n">},
+     show_list<"runtime/dhcpserver/lease:%d/hostname", "sta's hostname:%d-->%s\n", NO_ENOUGH_MEMORY,
+               printable_text>},
     {"dhcp_sta_mac", "Display dhcp server sta's mac",
      show_list<"runtime/dhcpserver/lease:%d/mac", "sta's mac:%d-->%s\n">},
     {"dhcp_sta_ip", "Display dhcp server sta's ip",
@@ -138,5 +139,5 @@ inline constexpr auto dhcp_get_rows = command_rows({
                "static ip hostname:%d-->%s\n">},
     {"dhcp_staticip_pool_state", "Display dhcp server static mode pool state",
      show_list<"/lan/dhcp/server/pool:1/staticdhcp/entry:%d/enable",
-               "static ip pool state:%d-->%s\n", NO_ENOUGH_MEMORY, switch_name>},
+               "static ip pool state:%d-->%s\n", NO_ENOUGH_MEMORY, entry_name<switch_name>>},
 });

@@ -36,7 +36,7 @@ struct Field {
 
 void show_field(ValueBuffer &value, const char *entry, const Field &field) {
     cfg_get(value, "%s/%s", entry, field.leaf);
-    cli_printf(" [%s]:%s", field.label, value.text());
+    cli_printf(" [%s]:%s", field.label, printable_text(value));
 }
 
 // Shows a link's clients up to the first that has been connected for no time.
@@ -48,7 +48,7 @@ void show_link(const CliContext &cli, ValueBuffer &value, int link) {
         cfg_get(value, "%s/time", entry);
         if (value.number() == 0)
             return;
-        cli_printf("%d:wds entry-[TIME]:%s", client, value.text());
+        cli_printf("%d:wds entry-[TIME]:%s", client, printable_text(value));
         show_field(value, entry, {"MAC", "mac"});
         cli_printf(" [WDS-number]:W-%d", link);
         show_field(value, entry, {"RSSI", "rssi"});
@@ -127,7 +127,7 @@ int get_wds_survey(CliContext &, const char *, CliCommand *) {
         cfg_get(value, "%s/chan", entry);
         if (value.number() == 0)
             break;
-        cli_printf("%d:wds scan entry-[CHANNEL]:%s", index, value.text());
+        cli_printf("%d:wds scan entry-[CHANNEL]:%s", index, printable_text(value));
         show_field(value, entry, {"MAC", "mac"});
         show_field(value, entry, {"SSID", "ssid"});
         show_field(value, entry, {"RSSI", "rssi"});

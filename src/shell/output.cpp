@@ -21,6 +21,14 @@ int cli_printf(const char *format, ...) {
     return printed;
 }
 
+const char *printable_text(ReadTarget value) {
+    for (char *at = value.data; *at != '\0'; ++at) {
+        if (static_cast<unsigned char>(*at) < 0x20 || *at == 0x7f)
+            *at = '?';
+    }
+    return value.data;
+}
+
 void print_lines(std::initializer_list<const char *> lines) {
     for (const char *line : lines)
         cli_printf("%s\n", line);

@@ -14,6 +14,33 @@ namespace {
 
 using Lines = std::vector<std::string>;
 
+TEST(Displays, ShowNoControlCharacterOfOthers) {
+    FakeDaemon daemon;
+    const RecordingShell shell;
+    const std::string client = "/runtime/stats/wlan/inf:1/client:1/";
+    const std::string survey = "/runtime/wlan/inf:1/wdslistinfo/wdsscan:1/";
+    const struct {
+        const char *command;
+        std::string list; // a node that keeps the list from being empty
+        std::string node;
+    } cases[] = {
+        {"get intrusion", "/runtime/wlan/inf:1/rogue_ap/client:1/mac",
+         "/runtime/wlan/inf:1/rogue_ap/client:1/ssid"},
+        {"get rogue_ap", "", "/wlan/inf:1/rogue_ap/client:1/mac"},
+        {"get wdsscaninfo", survey + "chan", survey + "ssid"},
+        {"get clientinfo", client + "time", client + "mode"},
+        {"get dhcp_sta_hostname", "", "runtime/dhcpserver/lease:1/hostname"},
+    };
+    for (const auto &one : cases) {
+        daemon.put(one.list, "1");
+        daemon.put(one.node, "\x1b]0;\x01\r\n \x1f\x7f~\x80\xff\xc3\xa9");
+        const std::string out = dispatch_line(root_table(), one.command).out;
+        EXPECT_NE(out.find("?]0;??? ??~\x80\xff\xc3\xa9"), std::string::npos) << out;
+    }
+    daemon.put("/wlan/inf:1/ssid", "\x1b[1mours");
+    EXPECT_EQ(dispatch_line(root_table(), "get ssid").out, "SSID:\x1b[1mours\n");
+}
+
 TEST(Band, IsSelectedByOneWordOfZeroOrOne) {
     char prompt[PROMPT_SIZE] = "other";
     cli_prompt = prompt;
