@@ -1,10 +1,13 @@
 // /bin/sh of the stand-in device: enters the command line of every `sh -c` into the journal, then
-// becomes a real shell. The stand-in's own scripts run in busybox directly and stay out of it.
+// becomes a real shell, which knows the process that asked for it as CONSOLE_PID. The stand-in's
+// own scripts run in busybox directly and stay out of it.
 
 #include "xmldb/journal.h"
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
+#include <string>
 #include <unistd.h>
 
 int main(int argc, char **argv) {
@@ -13,6 +16,7 @@ int main(int argc, char **argv) {
     const char *shell = "/bin/busybox";
     if (argc > 2 && std::strcmp(argv[1], "-c") == 0) {
         Journal(JOURNAL_FILE).record("ran", argv[2]);
+        setenv("CONSOLE_PID", std::to_string(getppid()).c_str(), 1);
         shell = "/bin/dash";
     }
     static char shell_name[] = "sh"; // by which busybox knows its role

@@ -17,7 +17,19 @@ constexpr std::string_view OLD_FIRST_RADIO = "wireless/";
 // The first byte after '/': everything below "a" sorts from "a/" up to, not including, "a0".
 constexpr char AFTER_SLASH = '/' + 1;
 
-std::string canonical(std::string_view path) {
+// The instance number of "list:N" segments: plain decimal, as the console counts them.
+std::optional<unsigned> instance_number(std::string_view text) {
+    unsigned number = 0;
+    const char *end = text.data() + text.size();
+    const auto [stop, error] = std::from_chars(text.data(), end, number);
+    if (error != std::errc() || stop != end || text.front() == '0')
+        return std::nullopt;
+    return number;
+}
+
+} // namespace
+
+std::string NodeTree::canonical(std::string_view path) {
     std::string result;
     while (!path.empty()) {
         const std::size_t end = std::min(path.find('/'), path.size());
@@ -32,18 +44,6 @@ std::string canonical(std::string_view path) {
         result.replace(0, OLD_FIRST_RADIO.size(), FIRST_RADIO);
     return result;
 }
-
-// The instance number of "list:N" segments: plain decimal, as the console counts them.
-std::optional<unsigned> instance_number(std::string_view text) {
-    unsigned number = 0;
-    const char *end = text.data() + text.size();
-    const auto [stop, error] = std::from_chars(text.data(), end, number);
-    if (error != std::errc() || stop != end || text.front() == '0')
-        return std::nullopt;
-    return number;
-}
-
-} // namespace
 
 bool NodeTree::is_runtime(std::string_view path) {
     const std::string_view top = path.substr(0, path.find('/'));

@@ -36,6 +36,9 @@ public:
 
     [[nodiscard]] const Nodes &nodes() const { return nodes_; }
 
+    // The path as `nodes` names it.
+    [[nodiscard]] static std::string canonical(std::string_view path);
+
     // Run-time values describe the running device and are never saved with the settings.
     // `path` is canonical.
     [[nodiscard]] static bool is_runtime(std::string_view path);

@@ -2,6 +2,7 @@
 
 #include "config_file.h"
 
+#include <charconv>
 #include <cstring>
 #include <utility>
 
@@ -26,6 +27,12 @@ std::string status_reply(bool done) {
     return bytes;
 }
 
+constexpr std::string_view UPTIME = "runtime/sys/uptime";
+
+bool names_uptime(std::string_view path) {
+    return NodeTree::canonical(path) == UPTIME;
+}
+
 } // namespace
 
 std::size_t RequestHandler::request_size(std::string_view bytes) {
@@ -43,7 +50,7 @@ std::string RequestHandler::answer(std::string_view request) {
     switch (header.action) {
     case XMLDB_GET:
         ++gets_;
-        return text_reply(tree_.get(text));
+        return text_reply(get(text));
     case XMLDB_SET:
         ++sets_;
         return status_reply(set(text, journaled));
@@ -72,6 +79,21 @@ std::string RequestHandler::answer(std::string_view request) {
     }
 }
 
+std::chrono::seconds RequestHandler::steady_seconds() {
+    return std::chrono::duration_cast<std::chrono::seconds>(
+        std::chrono::steady_clock::now().time_since_epoch());
+}
+
+std::string RequestHandler::get(std::string_view path) const {
+    std::string text = tree_.get(path);
+    long long seconds = 0;
+    const char *end = text.data() + text.size();
+    if (!names_uptime(path) || std::from_chars(text.data(), end, seconds).ptr != end ||
+        text.empty())
+        return text;
+    return std::to_string(seconds + (clock_() - uptime_written_).count());
+}
+
 bool RequestHandler::set(std::string_view text, bool journaled) {
     // A text without a blank was cut inside its path: it names no node that anybody meant.
     const std::size_t blank = text.find(' ');
@@ -81,6 +103,8 @@ bool RequestHandler::set(std::string_view text, bool journaled) {
     const std::string_view value = text.substr(blank + 1);
     if (!tree_.set(path, value))
         return false;
+    if (names_uptime(path))
+        uptime_written_ = clock_();
     if (journaled)
         journal_.record("wrote", std::string(path).append(" = ").append(value));
     return true;
@@ -98,6 +122,8 @@ bool RequestHandler::load(const std::string &file) {
     auto loaded = load_tree_file(file);
     if (!loaded)
         return false;
+    if (!loaded->get(UPTIME).empty())
+        uptime_written_ = clock_();
     tree_.replace_by(*std::move(loaded));
     return true;
 }

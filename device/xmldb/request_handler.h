@@ -5,14 +5,20 @@
 #include "node_tree.h"
 #include "protocol.h"
 
+#include <chrono>
 #include <cstddef>
 #include <string>
 #include <string_view>
 
+// Seconds since some moment, never set back.
+using SecondsClock = std::chrono::seconds();
+
 class RequestHandler {
 public:
-    // Works on `tree` and enters changes into `journal`; both outlive the handler.
-    RequestHandler(NodeTree &tree, const Journal &journal) : tree_(tree), journal_(journal) {}
+    // Works on `tree` and enters changes into `journal`; both outlive the handler. The device's
+    // uptime counts on from the number that was put into its node.
+    RequestHandler(NodeTree &tree, const Journal &journal, SecondsClock *clock = steady_seconds)
+        : tree_(tree), journal_(journal), clock_(clock), uptime_written_(clock()) {}
 
     // How many bytes the first request in `bytes` takes, or 0 while it is not there whole.
     [[nodiscard]] static std::size_t request_size(std::string_view bytes);
@@ -29,6 +35,9 @@ public:
     [[nodiscard]] bool stopping() const { return stopping_; }
 
 private:
+    static std::chrono::seconds steady_seconds();
+
+    [[nodiscard]] std::string get(std::string_view path) const;
     bool set(std::string_view text, bool journaled);
     bool remove(std::string_view path, bool journaled);
     bool load(const std::string &file);
@@ -36,6 +45,8 @@ private:
 
     NodeTree &tree_;
     const Journal &journal_;
+    SecondsClock *clock_;
+    std::chrono::seconds uptime_written_;
     std::size_t connections_ = 0;
     std::size_t gets_ = 0;
     std::size_t sets_ = 0;

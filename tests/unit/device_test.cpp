@@ -20,6 +20,7 @@
 
 namespace {
 
+using namespace std::chrono_literals;
 using namespace std::string_literals;
 
 // A directory of the test's own, removed at its end.
@@ -246,6 +247,25 @@ TEST_F(RequestHandlerTest, TakesTextsWithoutAnEndOrWithMoreBehindIt) {
     for (std::size_t size = 0; size < whole.size(); ++size)
         EXPECT_EQ(RequestHandler::request_size(whole.substr(0, size)), 0U) << size;
     EXPECT_EQ(RequestHandler::request_size(whole + whole), whole.size());
+}
+
+TEST_F(RequestHandlerTest, CountsTheUptimeOnFromWhatIsWritten) {
+    static std::chrono::seconds now;
+    now = {};
+    tree.set("/runtime/sys/uptime", "100");
+    RequestHandler counting{tree, journal, [] { return now; }};
+    const auto uptime = [&] { return counting.answer(request(XMLDB_GET, "runtime//sys/uptime")); };
+    now += 5s;
+    EXPECT_EQ(uptime(), "105\0"s);
+    counting.answer(request(XMLDB_SET, "/runtime/sys/uptime 7"));
+    EXPECT_EQ(uptime(), "7\0"s);
+    now += 1s;
+    EXPECT_EQ(uptime(), "8\0"s);
+    for (const std::string text : {"", "7x"}) {
+        counting.answer(request(XMLDB_SET, "/runtime/sys/uptime " + text));
+        now += 1s;
+        EXPECT_EQ(uptime(), text + '\0');
+    }
 }
 
 TEST_F(RequestHandlerTest, SavesAndLoadsTheSettings) {

@@ -13,6 +13,25 @@ channel_in_use() {
     fi
 }
 
+is_on_air() {
+    [ "$(node "/wlan/inf:$1/enable")" = 1 ] && [ "$(node /wlan/ch_mode)" = $(($1 - 1)) ]
+}
+
+# The clients of a radio that is not on the air wait for it in a file.
+move_clients() {
+    away=/var/run/clients.$1
+    if is_on_air "$1"; then
+        [ ! -e "$away" ] || set_nodes <"$away"
+        rm -f "$away"
+    elif [ ! -e "$away" ]; then
+        list="^/runtime/stats/wlan/inf:$1/\(client\|mssid\|wds\):[0-9]*"
+        rgdb -D - | grep "$list/" >"$away"
+        grep -o "$list" "$away" | sort -u | while read -r instance; do
+            del_node "$instance"
+        done
+    fi
+}
+
 set_node /runtime/wireless/setting/status 0
 genchanneltable
 channel=$(channel_in_use)
@@ -27,4 +46,6 @@ channel=$(channel_in_use)
     done
     echo "/runtime/wireless/setting/status = 1"
 } | set_nodes
+move_clients 1
+move_clients 2
 did "${1:-refresh} wlan"
