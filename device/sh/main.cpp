@@ -15,7 +15,9 @@ int main(int argc, char **argv) {
     // run the device's ping or tftp: command lines get a shell that does.
     const char *shell = "/bin/busybox";
     if (argc > 2 && std::strcmp(argv[1], "-c") == 0) {
-        Journal(JOURNAL_FILE).record("ran", argv[2]);
+        // The C library's system() puts "--" before the command in its newer versions.
+        const bool ends_options = argc > 3 && std::strcmp(argv[2], "--") == 0;
+        Journal(JOURNAL_FILE).record("ran", argv[ends_options ? 3 : 2]);
         setenv("CONSOLE_PID", std::to_string(getppid()).c_str(), 1);
         shell = "/bin/dash";
     }
