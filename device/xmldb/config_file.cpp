@@ -4,8 +4,10 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 #include <cstdio>
 #include <fcntl.h>
+#include <filesystem>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -15,7 +17,7 @@ namespace {
 constexpr char ROOT_ELEMENT[] = "config";
 constexpr char ODD_SEGMENT[] = "node"; // with the segment in its attribute "name"
 constexpr std::string_view SEPARATOR = " = ";
-constexpr mode_t FILE_MODE = 0644;
+constexpr mode_t FILE_MODE = 0600; // it holds the administrator's password and every key
 
 bool is_listed(const NodeTree::Nodes::value_type &node, Selection selection) {
     return !node.second.empty() &&
@@ -165,6 +167,18 @@ bool write_all(int fd, std::string_view text) {
     return true;
 }
 
+// A rename lasts through a loss of power once the directory is on the disk.
+bool sync_directory_of(const std::string &file) {
+    const std::string directory = std::filesystem::path(file).parent_path();
+    const int fd =
+        open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+    if (fd < 0)
+        return false;
+    const bool synced = fsync(fd) == 0 || errno == EINVAL; // no such thing on this file system
+    close(fd);
+    return synced;
+}
+
 } // namespace
 
 std::string tree_to_text(const NodeTree &tree, Selection selection) {
@@ -219,12 +233,13 @@ std::optional<NodeTree> load_tree_file(const std::string &file) {
 
 bool replace_file(const std::string &file, std::string_view text) {
     const std::string fresh = file + ".new";
-    const int fd = open(fresh.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, FILE_MODE);
+    unlink(fresh.c_str()); // what a save that was cut short has left
+    const int fd = open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, FILE_MODE);
     if (fd < 0)
         return false;
-    const bool written = write_all(fd, text);
-    const bool kept = close(fd) == 0 && written && rename(fresh.c_str(), file.c_str()) == 0;
-    if (!kept)
+    const bool written = write_all(fd, text) && fsync(fd) == 0;
+    const bool replaced = close(fd) == 0 && written && rename(fresh.c_str(), file.c_str()) == 0;
+    if (!replaced)
         unlink(fresh.c_str());
-    return kept;
+    return replaced && sync_directory_of(file);
 }

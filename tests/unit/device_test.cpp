@@ -13,6 +13,7 @@
 #include <iterator>
 #include <sys/resource.h>
 #include <sys/socket.h>
+#include <sys/stat.h>
 #include <sys/un.h>
 #include <thread>
 #include <unistd.h>
@@ -189,7 +190,10 @@ TEST(ConfigFile, RefusesWhatItCannotReadWhole) {
 
 TEST(ConfigFile, KeepsTheOldFileWhenTheNewOneCannotBeWritten) {
     const ScratchDirectory scratch;
+    EXPECT_EQ(mkfifo(scratch.file("config.new").c_str(), 0666), 0);
     ASSERT_TRUE(replace_file(scratch.file("config"), "old"));
+    EXPECT_EQ(std::filesystem::status(scratch.file("config")).permissions(),
+              std::filesystem::perms::owner_read | std::filesystem::perms::owner_write);
     std::filesystem::create_directory(scratch.file("config.new"));
     EXPECT_FALSE(replace_file(scratch.file("config"), "new"));
     EXPECT_EQ(contents(scratch.file("config")), "old");
