@@ -62,32 +62,38 @@ configured() {
         [ -z "$(find tools/packages.txt -newer $build/build.ninja)" ]
 }
 
-log=$build/run.log
-mkdir -p $build
-exec 9>$build/run.lock # builds of one tree take turns
-flock 9
-if ! configured; then
-    echo "Building the console and the stand-in device ..." >&2
-    tools/install-packages run </dev/null >&2
-    quietly cmake --preset release
-fi
-quietly cmake --build $build --target wap-cli wap-session device_root
-exec 9>&-
+runs() {
+    [ -e "$state/lock" ] && ! flock -n "$state/lock" true
+}
 
-mkdir -p "$state"
-exec 8>"$state/lock"
-if ! flock -n 8; then
-    echo "run.sh: a device runs in $state already; --state DIRECTORY gives this one its own" >&2
+build() {
+    log=$build/run.log
+    mkdir -p $build
+    exec 9>$build/run.lock # builds of one tree take turns
+    flock 9
+    if ! configured; then
+        device/enter --check >/dev/null
+        echo "Building the console and the stand-in device ..." >&2
+        tools/install-packages run </dev/null >&2
+        quietly cmake --preset release
+    fi
+    quietly cmake --build $build --target wap-cli device_root
+    exec 9>&-
+}
+
+# A device that runs keeps the programs that it was started with.
+if ! runs; then
+    build
+elif [ -n "$factory" ]; then
+    echo "run.sh: --factory: a device runs in $state; leave it first, or use --state" >&2
     exit 1
 fi
 
-set -- device/enter --root $build/device/root --program $build/src/wap-cli \
-    --state "$state" ${factory:+"$factory"}
+mkdir -p "$state"
+set -- --root $build/device/root --program $build/src/wap-cli --state "$state" \
+    ${factory:+"$factory"}
 if [ -n "$trace$record" ]; then
-    set -- $build/device/session/wap-session ${trace:+"$trace"} ${record:+--record "$record"} \
-        --journal "$state/var/journal" -- "$@"
+    exec $build/device/session/wap-session ${trace:+"$trace"} ${record:+--record "$record"} \
+        --journal "$state/var/journal" -- device/enter --own-terminal "$@"
 fi
-# The lock is this script's, which waits for the device to end.
-status=0
-"$@" 8>&- || status=$?
-exit $status
+exec device/enter "$@"

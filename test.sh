@@ -119,6 +119,7 @@ run_tests() {
     exit
 }
 
+device/enter --check >/dev/null || exit 1
 packages='run test'
 [ $# -gt 0 ] || packages="$packages cross"
 ! has_fuzz_targets || packages="$packages fuzz"

@@ -8,7 +8,8 @@ namespace session {
 // Owns a file descriptor and closes it.
 class FileDescriptor {
 public:
-    explicit FileDescriptor(int fd = -1) : fd_(fd) {}
+    FileDescriptor() = default;
+    explicit FileDescriptor(int fd) : fd_(fd) {}
     FileDescriptor(FileDescriptor &&other) noexcept : fd_(std::exchange(other.fd_, -1)) {}
     FileDescriptor &operator=(FileDescriptor &&other) noexcept {
         std::swap(fd_, other.fd_);
@@ -24,7 +25,7 @@ public:
     [[nodiscard]] int get() const { return fd_; }
 
 private:
-    int fd_;
+    int fd_ = -1;
 };
 
 } // namespace session

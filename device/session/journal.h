@@ -1,23 +1,33 @@
 // The stand-in device's journal: a file that grows by whole lines.
 #pragma once
 
+#include "session/file_descriptor.h"
+
 #include <string>
 #include <string_view>
+#include <sys/types.h>
 #include <vector>
 
 namespace session {
 
+// Programs of the device may put anything in the journal's place: only a regular file is read, no
+// link is followed, nothing is waited for.
 class Journal {
 public:
-    explicit Journal(std::string path) : path_(std::move(path)) {}
+    // What the file at `path` holds at this moment is not reported.
+    explicit Journal(std::string path);
 
-    // The lines, without their newlines, that were written since the last call (at first: since
-    // the file was made). A file that does not exist has no lines.
+    // The lines, without their newlines, that were written since the last call or the construction.
+    // A file in place of the old one, or one made shorter, is read from its beginning; one that is
+    // not there, or that is no regular file, has no lines.
     std::vector<std::string> new_lines();
 
 private:
+    [[nodiscard]] FileDescriptor open_file() const;
+
     std::string path_;
-    long offset_ = 0;
+    FileDescriptor file_; // kept open, so that no other file gets its number
+    off_t offset_ = 0;
 };
 
 // Whether a line tells what the console did to the device ("wrote ...", "deleted ...", "ran ..."),

@@ -1,5 +1,6 @@
 #include "session/pty_process.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
@@ -26,19 +27,20 @@ void check(int result, const char *what) {
         fail(what);
 }
 
-FileDescriptor open_terminal(const winsize &window) {
+FileDescriptor open_terminal() {
     FileDescriptor terminal(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
     check(terminal.get(), "posix_openpt");
     check(grantpt(terminal.get()), "grantpt");
     check(unlockpt(terminal.get()), "unlockpt");
-
-    termios settings{};
-    check(tcgetattr(terminal.get(), &settings), "tcgetattr");
-    settings.c_oflag &= ~static_cast<tcflag_t>(OPOST);
-    check(tcsetattr(terminal.get(), TCSANOW, &settings), "tcsetattr");
-    check(ioctl(terminal.get(), TIOCSWINSZ, &window), "TIOCSWINSZ");
     check(fcntl(terminal.get(), F_SETFL, O_NONBLOCK), "fcntl");
     return terminal;
+}
+
+std::string name_of(const FileDescriptor &terminal) {
+    std::array<char, 64> name{};
+    if (ptsname_r(terminal.get(), name.data(), name.size()) != 0)
+        fail("ptsname_r");
+    return name.data();
 }
 
 bool poll_for(int fd, short events, int milliseconds) {
@@ -50,11 +52,12 @@ bool poll_for(int fd, short events, int milliseconds) {
 
 PtyProcess::PtyProcess(const std::vector<std::string> &command, ConsoleInput input,
                        const winsize &window)
-    : terminal_(open_terminal(window)) {
-    std::array<char, 64> name{};
-    if (ptsname_r(terminal_.get(), name.data(), name.size()) != 0)
-        fail("ptsname_r");
-    terminal_name_ = name.data();
+    : terminal_(open_terminal()), terminal_name_(name_of(terminal_)), window_(window) {
+    termios settings{};
+    check(tcgetattr(terminal_.get(), &settings), "tcgetattr");
+    settings.c_oflag &= ~static_cast<tcflag_t>(OPOST);
+    check(tcsetattr(terminal_.get(), TCSANOW, &settings), "tcsetattr");
+    check(ioctl(terminal_.get(), TIOCSWINSZ, &window_), "TIOCSWINSZ");
 
     FileDescriptor pipe_end;
     if (input == ConsoleInput::PIPE) {
@@ -64,12 +67,22 @@ PtyProcess::PtyProcess(const std::vector<std::string> &command, ConsoleInput inp
         input_pipe_ = FileDescriptor(ends[1]);
         check(fcntl(input_pipe_.get(), F_SETFL, O_NONBLOCK), "fcntl");
     }
-    spawn(command, pipe_end.get());
+    spawn(command, {input == ConsoleInput::TERMINAL, true, true}, pipe_end.get());
 }
 
-// `stdin_fd` is -1 for the terminal. The first terminal that a session leader opens becomes its
-// controlling one.
-void PtyProcess::spawn(const std::vector<std::string> &command, int stdin_fd) {
+PtyProcess::PtyProcess(const std::vector<std::string> &command,
+                       const std::array<bool, 3> &on_terminal, const termios &settings,
+                       const winsize &window)
+    : terminal_(open_terminal()), terminal_name_(name_of(terminal_)), window_(window) {
+    check(tcsetattr(terminal_.get(), TCSANOW, &settings), "tcsetattr");
+    check(ioctl(terminal_.get(), TIOCSWINSZ, &window_), "TIOCSWINSZ");
+    spawn(command, on_terminal, STDIN_FILENO);
+}
+
+// `stdin_fd` is for a standard input that is not the terminal. The first terminal that a session
+// leader opens becomes its controlling one.
+void PtyProcess::spawn(const std::vector<std::string> &command,
+                       const std::array<bool, 3> &on_terminal, int stdin_fd) {
     std::vector<char *> words;
     words.reserve(command.size() + 1);
     for (const std::string &word : command)
@@ -78,10 +91,18 @@ void PtyProcess::spawn(const std::vector<std::string> &command, int stdin_fd) {
 
     posix_spawn_file_actions_t actions;
     posix_spawn_file_actions_init(&actions);
-    posix_spawn_file_actions_addopen(&actions, STDOUT_FILENO, terminal_name_.c_str(), O_RDWR, 0);
-    posix_spawn_file_actions_adddup2(&actions, STDOUT_FILENO, STDERR_FILENO);
-    posix_spawn_file_actions_adddup2(&actions, stdin_fd < 0 ? STDOUT_FILENO : stdin_fd,
-                                     STDIN_FILENO);
+    if (!on_terminal[STDIN_FILENO])
+        posix_spawn_file_actions_adddup2(&actions, stdin_fd, STDIN_FILENO);
+    int opened = -1;
+    for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {
+        if (!on_terminal.at(static_cast<std::size_t>(fd)))
+            continue;
+        if (opened < 0)
+            posix_spawn_file_actions_addopen(&actions, fd, terminal_name_.c_str(), O_RDWR, 0);
+        else
+            posix_spawn_file_actions_adddup2(&actions, opened, fd);
+        opened = fd;
+    }
 
     posix_spawnattr_t attributes;
     posix_spawnattr_init(&attributes);
@@ -99,6 +120,8 @@ void PtyProcess::spawn(const std::vector<std::string> &command, int stdin_fd) {
     posix_spawn_file_actions_destroy(&actions);
     if (error != 0)
         throw std::system_error(error, std::generic_category(), command[0]);
+    process_ = FileDescriptor(static_cast<int>(syscall(SYS_pidfd_open, pid_, 0)));
+    check(process_.get(), "pidfd_open");
 }
 
 PtyProcess::~PtyProcess() {
@@ -142,6 +165,18 @@ void PtyProcess::write_input(std::string_view bytes, std::string &output) {
     }
 }
 
+std::size_t PtyProcess::offer_input(std::string_view bytes) {
+    const ssize_t count = bytes.empty() ? 0 : write(input_fd(), bytes.data(), bytes.size());
+    return static_cast<std::size_t>(std::max<ssize_t>(count, 0));
+}
+
+void PtyProcess::set_window(const winsize &window) {
+    if (window.ws_col == window_.ws_col && window.ws_row == window_.ws_row)
+        return;
+    window_ = window;
+    ioctl(terminal_.get(), TIOCSWINSZ, &window_);
+}
+
 void PtyProcess::close_input() {
     if (input_pipe_.get() >= 0)
         input_pipe_ = FileDescriptor();
@@ -164,9 +199,7 @@ bool PtyProcess::input_is_drained() const {
 int PtyProcess::wait_exit(std::chrono::milliseconds limit) {
     if (exit_status_ >= 0)
         return exit_status_;
-    const FileDescriptor process(static_cast<int>(syscall(SYS_pidfd_open, pid_, 0)));
-    check(process.get(), "pidfd_open");
-    if (!poll_for(process.get(), POLLIN, static_cast<int>(limit.count())))
+    if (!poll_for(process_.get(), POLLIN, static_cast<int>(limit.count())))
         return -1;
     int status = 0;
     check(waitpid(pid_, &status, 0), "waitpid");

@@ -3,11 +3,13 @@
 
 #include "session/file_descriptor.h"
 
+#include <array>
 #include <chrono>
 #include <string>
 #include <string_view>
 #include <sys/ioctl.h>
 #include <sys/types.h>
+#include <termios.h>
 #include <vector>
 
 namespace session {
@@ -27,13 +29,17 @@ public:
     // whose controlling terminal is the new pseudo-terminal.
     PtyProcess(const std::vector<std::string> &command, ConsoleInput input,
                const winsize &window = STANDARD_WINDOW);
+    // The same on a terminal with these settings, to which those of the standard streams lead that
+    // `on_terminal` names; the program has the others from this process.
+    PtyProcess(const std::vector<std::string> &command, const std::array<bool, 3> &on_terminal,
+               const termios &settings, const winsize &window);
     PtyProcess(const PtyProcess &) = delete;
     PtyProcess &operator=(const PtyProcess &) = delete;
     // Kills the program if it still runs, and waits for its end.
     ~PtyProcess();
 
-    // Where output can be polled for (POLLIN); readable or hung up until read_output has seen the
-    // end.
+    // Where output can be polled for (POLLIN), and room for input (POLLOUT); readable or hung up
+    // until read_output has seen the end. Non-blocking.
     [[nodiscard]] int output_fd() const { return terminal_.get(); }
 
     // Appends what the program has printed and not been asked for yet to `output`, without
@@ -43,6 +49,16 @@ public:
     // Feeds `bytes` to the program's standard input, and appends what it prints meanwhile to
     // `output`. Input that the program no longer takes, because it has ended, is dropped.
     void write_input(std::string_view bytes, std::string &output);
+
+    // Feeds as many of the bytes to the program's standard input as there is room for. Result: how
+    // many.
+    std::size_t offer_input(std::string_view bytes);
+
+    // Tells the program, if that is new, how large its terminal is.
+    void set_window(const winsize &window);
+
+    // Readable once the program has ended.
+    [[nodiscard]] int process_fd() const { return process_.get(); }
 
     // Ends standard input: closes the pipe, or hangs the terminal up.
     void close_input();
@@ -60,12 +76,15 @@ public:
 
 private:
     [[nodiscard]] int input_fd() const;
-    void spawn(const std::vector<std::string> &command, int stdin_fd);
+    void spawn(const std::vector<std::string> &command, const std::array<bool, 3> &on_terminal,
+               int stdin_fd);
 
     FileDescriptor terminal_; // the controlling side
     FileDescriptor input_pipe_;
     std::string terminal_name_;
+    winsize window_;
     pid_t pid_ = -1;
+    FileDescriptor process_;
     int exit_status_ = -1;
 };
 

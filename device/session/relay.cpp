@@ -20,13 +20,6 @@ constexpr int SILENCE_MS = 1000;
 // A program that has closed its terminal ends at once, or never.
 constexpr std::chrono::seconds END_LIMIT{10};
 
-winsize own_window() {
-    winsize window{};
-    if (ioctl(STDIN_FILENO, TIOCGWINSZ, &window) == 0 && window.ws_col > 0)
-        return window;
-    return STANDARD_WINDOW;
-}
-
 // How many bytes at the end of `text` may be the beginning of a prompt.
 std::size_t begun_prompt(std::string_view text) {
     std::size_t length = std::min(text.size(), PROMPT.size());
@@ -37,9 +30,9 @@ std::size_t begun_prompt(std::string_view text) {
 
 } // namespace
 
-Relay::Relay(const RelayOptions &options)
-    : input_(isatty(STDIN_FILENO) ? ConsoleInput::TERMINAL : ConsoleInput::PIPE),
-      process_(options.command, input_, own_window()), journal_(options.journal),
+Relay::Relay(const RelayOptions &options, const OuterTerminal &terminal)
+    : outer_(terminal), input_(isatty(STDIN_FILENO) ? ConsoleInput::TERMINAL : ConsoleInput::PIPE),
+      process_(options.command, input_, outer_.window()), journal_(options.journal),
       trace_(options.trace) {
     if (options.record)
         recorder_.emplace(input_ == ConsoleInput::PIPE);
@@ -50,8 +43,9 @@ int Relay::run() {
         // A pipe is read a piece at a time; the next one once this is used up.
         const bool wants_input =
             !input_ended_ && (input_ == ConsoleInput::TERMINAL || held_.empty());
-        std::array<pollfd, 2> wanted{
-            {{process_.output_fd(), POLLIN, 0}, {wants_input ? STDIN_FILENO : -1, POLLIN, 0}}};
+        std::array<pollfd, 3> wanted{{{process_.output_fd(), POLLIN, 0},
+                                      {wants_input ? STDIN_FILENO : -1, POLLIN, 0},
+                                      {process_.process_fd(), POLLIN, 0}}};
         const bool something_waits =
             !held_.empty() || shown_ < printed_.size() || (input_ended_ && !input_closed_);
         const int ready = poll(wanted.data(), wanted.size(), something_waits ? SILENCE_MS : -1);
@@ -59,8 +53,11 @@ int Relay::run() {
             throw std::system_error(errno, std::generic_category(), "poll");
         if (ready == 0)
             take_silence();
+        process_.set_window(outer_.window());
         if (ready > 0 && wanted[0].revents != 0)
             take_output();
+        else if (ready > 0 && wanted[2].revents != 0)
+            take_end();
         if (ready > 0 && wanted[1].revents != 0)
             take_input();
     }
@@ -69,13 +66,18 @@ int Relay::run() {
 
 void Relay::take_output() {
     if (!process_.read_output(printed_)) {
-        exit_status_ = process_.wait_exit(END_LIMIT);
-        come_to_rest(0);
+        take_end();
     } else if (at_prompt()) {
         come_to_rest(PROMPT.size());
     } else {
         show_up_to(printed_.size() - (busy_ ? begun_prompt(printed_) : 0));
     }
+}
+
+void Relay::take_end() {
+    exit_status_ = process_.wait_exit(END_LIMIT);
+    process_.read_output(printed_);
+    come_to_rest(0);
 }
 
 bool Relay::at_prompt() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "session/journal.h"
+#include "session/outer_terminal.h"
 #include "session/pty_process.h"
 #include "session/recorder.h"
 
@@ -21,8 +22,9 @@ struct RelayOptions {
 
 class Relay {
 public:
-    // Starts the command. Throws std::system_error.
-    explicit Relay(const RelayOptions &options);
+    // Starts the command, whose terminal has the size of `terminal`, which has to live on. Throws
+    // std::system_error.
+    Relay(const RelayOptions &options, const OuterTerminal &terminal);
 
     // Relays until the program ends. Result: its exit status.
     int run();
@@ -32,6 +34,7 @@ public:
 
 private:
     void take_output();
+    void take_end();
     void take_input();
     void take_silence();
     void send_line();
@@ -42,6 +45,7 @@ private:
     void come_to_rest(std::size_t prompt_length);
     void show_up_to(std::size_t end);
 
+    const OuterTerminal &outer_;
     ConsoleInput input_;
     PtyProcess process_;
     Journal journal_;

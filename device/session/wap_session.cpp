@@ -1,19 +1,21 @@
-// Runs a console and shows, before each prompt, what the last command did to the device.
+// Runs a program on a terminal of its own, connected to the one that this process was started on,
+// which is left as it was however the program or this process ends.
 //
-// usage: wap-session [--trace] [--record FILE] --journal JOURNALFILE -- COMMAND [ARGUMENT...]
+// usage: wap-session [--trace] [--record FILE] [--journal JOURNALFILE] -- COMMAND [ARGUMENT...]
 //
-// --trace prints each new line of the journal, indented by two blanks. --record writes the session
-// as a transcript. Without either, COMMAND takes this process's place. Standard input may be a
-// pipe; the console's is one then, too. The exit status is the command's.
+// --trace, for a console, prints each new line of the journal before the next prompt, indented by
+// two blanks. --record writes the session as a transcript. Both need the journal. Standard streams
+// that lead to no terminal are the program's own; without any that does, and without these options,
+// COMMAND takes this process's place. The exit status is the command's.
 
+#include "session/outer_terminal.h"
 #include "session/relay.h"
 
 #include <cerrno>
 #include <csignal>
-#include <cstring>
+#include <cstdio>
 #include <fstream>
 #include <iostream>
-#include <termios.h>
 #include <unistd.h>
 
 namespace {
@@ -39,37 +41,15 @@ std::optional<Options> read_options(const std::vector<std::string> &words) {
         else
             return std::nullopt;
     }
-    if (i + 1 >= words.size() || options.relay.journal.empty())
+    options.relay.record = !options.record_file.empty();
+    const bool traced = options.relay.trace || options.relay.record;
+    if (i + 1 >= words.size() || (traced && options.relay.journal.empty()))
         return std::nullopt;
     options.relay.command.assign(words.begin() + static_cast<std::ptrdiff_t>(i) + 1, words.end());
-    options.relay.record = !options.record_file.empty();
     return options;
 }
 
-// Lets every key through to the console while it exists. Output processing stays on: the console's
-// terminal does none.
-class TransparentTerminal {
-public:
-    TransparentTerminal() : active_(tcgetattr(STDIN_FILENO, &saved_) == 0) {
-        termios settings = saved_;
-        cfmakeraw(&settings);
-        settings.c_oflag = saved_.c_oflag;
-        if (active_)
-            tcsetattr(STDIN_FILENO, TCSADRAIN, &settings);
-    }
-    TransparentTerminal(const TransparentTerminal &) = delete;
-    TransparentTerminal &operator=(const TransparentTerminal &) = delete;
-    ~TransparentTerminal() {
-        if (active_)
-            tcsetattr(STDIN_FILENO, TCSADRAIN, &saved_);
-    }
-
-private:
-    termios saved_{};
-    bool active_;
-};
-
-int run(const Options &options) {
+int trace(const Options &options, const session::OuterTerminal &terminal) {
     std::ofstream record;
     if (options.relay.record) {
         record.open(options.record_file);
@@ -77,8 +57,9 @@ int run(const Options &options) {
             throw std::system_error(errno, std::generic_category(), options.record_file);
     }
     std::signal(SIGPIPE, SIG_IGN); // a program that ends early closes its input
-    session::Relay relay(options.relay);
-    const TransparentTerminal terminal;
+    session::notice_resizing();
+    session::Relay relay(options.relay, terminal);
+    terminal.make_transparent(false); // the console's terminal treats no output
     const int status = relay.run();
     record << relay.transcript();
     return status;
@@ -89,18 +70,28 @@ int run(const Options &options) {
 int main(int argc, char **argv) {
     const std::optional<Options> options = read_options({argv, argv + argc});
     if (!options) {
-        std::cerr << "usage: wap-session [--trace] [--record FILE] --journal JOURNALFILE -- "
+        std::cerr << "usage: wap-session [--trace] [--record FILE] [--journal JOURNALFILE] -- "
                      "COMMAND [ARGUMENT...]\n";
         return USAGE_STATUS;
     }
-    try {
-        if (options->relay.trace || options->relay.record)
-            return run(*options);
-        char **command = argv + argc - options->relay.command.size();
-        execvp(command[0], command);
-        throw std::system_error(errno, std::generic_category(), command[0]);
-    } catch (const std::exception &error) {
-        std::cerr << "wap-session: " << error.what() << '\n';
-        return FAILURE_STATUS;
-    }
+    const session::OuterTerminal terminal;
+    const bool traced = options->relay.trace || options->relay.record;
+    const auto work = [&] {
+        try {
+            return traced ? trace(*options, terminal)
+                          : session::pass_through(terminal, options->relay.command);
+        } catch (const std::exception &error) {
+            terminal.restore();
+            std::cerr << "wap-session: " << error.what() << '\n';
+            return FAILURE_STATUS;
+        }
+    };
+    if (terminal.exists())
+        return session::run_guarded(terminal, work);
+    if (traced)
+        return work();
+    char **command = argv + argc - options->relay.command.size();
+    execvp(command[0], command);
+    std::perror(command[0]);
+    return FAILURE_STATUS;
 }

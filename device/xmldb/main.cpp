@@ -6,6 +6,7 @@
 #include "server.h"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <fcntl.h>
@@ -103,6 +104,7 @@ int main(int argc, char **argv) {
     if (!load_files(argv + optind, tree))
         return 1;
     raise_descriptor_limit();
+    std::signal(SIGPIPE, SIG_IGN); // who hears complaints may have gone
     const Journal journal(options.journal.c_str());
     RequestHandler handler(tree, journal);
     Server server(handler);

@@ -25,8 +25,8 @@ public:
     Player(const Scenario &scenario, const RunnerOptions &options, const std::string &state)
         : database_(state + "/var/run/xmldb_sock", options.swapped),
           journal_(state + "/var/journal"),
-          console_({options.enter, "--root", options.root, "--program", options.program, "--state",
-                    state},
+          console_({options.enter, "--own-terminal", "--root", options.root, "--program",
+                    options.program, "--state", state},
                    scenario.piped ? session::ConsoleInput::PIPE : session::ConsoleInput::TERMINAL,
                    options.limit) {}
 

@@ -1,0 +1,69 @@
+// The stand-in device's first process: brings the device up, opens sessions on it for programs
+// outside, and ends, and the device with it, once none of them is connected any more.
+//
+// usage: sessiond LISTENER READY ERRORS
+//   descriptors: the socket to serve (see session/session_socket.h), a pipe that gets a byte when
+//   the device is up, and what the device's own complaints go to
+// The exit status is 0, or the boot's when that failed.
+
+#include "process_tree.h"
+#include "session_server.h"
+
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/signalfd.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+using session::FileDescriptor;
+
+namespace {
+
+constexpr int USAGE_STATUS = 2;
+constexpr int MOST_INHERITED = 256;
+
+// Nothing that a program of the device is started with comes from outside, but its streams.
+void keep_to_itself() {
+    for (int fd = STDERR_FILENO + 1; fd < MOST_INHERITED; ++fd)
+        fcntl(fd, F_SETFD, FD_CLOEXEC);
+    for (int number = 1; number < NSIG; ++number)
+        std::signal(number, SIG_DFL);
+    umask(S_IWGRP | S_IWOTH);
+}
+
+FileDescriptor blocked_signals() {
+    sigset_t blocked;
+    sigemptyset(&blocked);
+    sigaddset(&blocked, SIGCHLD);
+    sigaddset(&blocked, SIGTERM);
+    sigprocmask(SIG_SETMASK, &blocked, nullptr);
+    sigdelset(&blocked, SIGCHLD);
+    return FileDescriptor(signalfd(-1, &blocked, SFD_CLOEXEC));
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    if (argc != 4) {
+        std::fputs("usage: sessiond LISTENER READY ERRORS\n", stderr);
+        return USAGE_STATUS;
+    }
+    const int errors = std::atoi(argv[3]);
+    dup2(errors, STDOUT_FILENO);
+    dup2(errors, STDERR_FILENO);
+    keep_to_itself();
+    adopt_orphans();
+    const FileDescriptor stop = blocked_signals();
+    const pid_t parent = getppid();
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
+
+    SessionServer server(std::atoi(argv[1]));
+    server.boot("/sbin/boot", FileDescriptor(std::atoi(argv[2])));
+    const int status = server.run(stop.get());
+    if (getppid() != parent) // which else sees to what this leaves behind
+        kill_descendants();
+    return status;
+}

@@ -1,0 +1,206 @@
+#include "session_server.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <poll.h>
+#include <sys/ioctl.h>
+#include <sys/signalfd.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+using session::FileDescriptor;
+using session::SessionEvent;
+using session::SessionMessage;
+using session::SessionReply;
+using session::SessionRequest;
+using session::StandardStreams;
+
+namespace {
+
+// How long a program may take to end once its terminal or its caller has gone.
+constexpr std::chrono::seconds HANG_UP_LIMIT{2};
+constexpr int LOOK_INTERVAL_MS = 100;
+
+constexpr int NOT_FOUND_STATUS = 127;
+
+int exit_status(int status) {
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+FileDescriptor child_signals() {
+    sigset_t child;
+    sigemptyset(&child);
+    sigaddset(&child, SIGCHLD);
+    return FileDescriptor(signalfd(-1, &child, SFD_CLOEXEC | SFD_NONBLOCK));
+}
+
+void reply(const FileDescriptor &connection, SessionEvent event, int status) {
+    const SessionReply message{event, status};
+    send(connection.get(), &message, sizeof message, MSG_NOSIGNAL | MSG_DONTWAIT);
+}
+
+// What a child does last.
+[[noreturn]] void become(const std::vector<std::string> &command) {
+    sigset_t none;
+    sigemptyset(&none);
+    sigprocmask(SIG_SETMASK, &none, nullptr);
+    std::vector<char *> words;
+    words.reserve(command.size() + 1);
+    for (const std::string &word : command)
+        words.push_back(const_cast<char *>(word.c_str()));
+    words.push_back(nullptr);
+    execvp(words[0], words.data());
+    std::fprintf(stderr, "%s: %s\n", words[0], std::strerror(errno));
+    _exit(NOT_FOUND_STATUS);
+}
+
+// A child that leads a session of its own; the terminal, if there is one among its streams, is its
+// controlling one.
+[[noreturn]] void become_session(const SessionRequest &request, const StandardStreams &streams) {
+    setsid();
+    for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd)
+        dup2(streams.at(static_cast<std::size_t>(fd)).get(), fd);
+    for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {
+        if (isatty(fd) && ioctl(fd, TIOCSCTTY, 0) == 0)
+            break;
+    }
+    setenv("TERM", request.terminal_type.c_str(), 1);
+    become(request.command);
+}
+
+} // namespace
+
+void SessionServer::boot(const char *program, FileDescriptor ready) {
+    ready_ = std::move(ready);
+    booting_ = fork();
+    if (booting_ == 0)
+        become({program});
+    if (booting_ < 0) {
+        std::perror("fork");
+        boot_failure_ = 1;
+    }
+}
+
+int SessionServer::run(int stop) {
+    const FileDescriptor signals = child_signals();
+    std::vector<pollfd> watched;
+    for (;;) {
+        accept_clients();
+        if (boot_failure_ || !someone_is_connected())
+            return boot_failure_.value_or(0);
+        watched = {{signals.get(), POLLIN, 0}, {stop, POLLIN, 0}, {listener_, POLLIN, 0}};
+        // While the device comes up, requests wait; that a client leaves shows all the same.
+        const short wanted = booting_ > 0 ? 0 : POLLIN;
+        for (const Session &each : sessions_)
+            watched.push_back({each.connection.get(), wanted, 0});
+        if (poll(watched.data(), watched.size(), wait_limit()) < 0)
+            continue;
+        if (watched[1].revents != 0)
+            return 0;
+        auto event = watched.cbegin() + 3;
+        for (Session &each : sessions_) {
+            if ((event++)->revents != 0)
+                serve(each);
+        }
+        signalfd_siginfo ignored;
+        while (read(signals.get(), &ignored, sizeof ignored) > 0)
+            ;
+        reap_children();
+        kill_overdue();
+        std::erase_if(sessions_, [](const Session &each) {
+            return each.connection.get() < 0 && each.leader < 0;
+        });
+    }
+}
+
+void SessionServer::accept_clients() {
+    int fd = -1;
+    while ((fd = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC)) >= 0)
+        sessions_.push_back({.connection = FileDescriptor(fd)});
+}
+
+bool SessionServer::someone_is_connected() const {
+    return std::ranges::any_of(sessions_,
+                               [](const Session &each) { return each.connection.get() >= 0; });
+}
+
+void SessionServer::serve(Session &each) {
+    if (booting_ > 0) {
+        each.connection = FileDescriptor();
+        return;
+    }
+    const SessionMessage message = session::receive_message(each.connection.get());
+    if (message.ended)
+        hang_up(each);
+    else if (message.request && each.leader < 0)
+        open_session(each, message);
+    else if (message.signal_number != 0 && each.leader > 0)
+        kill(-each.leader, message.signal_number);
+}
+
+void SessionServer::open_session(Session &each, const SessionMessage &message) {
+    each.leader = fork();
+    if (each.leader == 0)
+        become_session(*message.request, message.streams);
+    if (each.leader > 0) {
+        reply(each.connection, SessionEvent::TAKEN, 0);
+        return;
+    }
+    dprintf(message.streams.back().get(), "fork: %s\n", std::strerror(errno));
+    reply(each.connection, SessionEvent::ENDED, NOT_FOUND_STATUS);
+}
+
+void SessionServer::hang_up(Session &each) {
+    const FileDescriptor connection = std::exchange(each.connection, FileDescriptor());
+    if (someone_is_connected())
+        reply(connection, SessionEvent::STAYS, 0);
+    if (each.leader < 0)
+        return;
+    kill(-each.leader, SIGHUP);
+    kill(-each.leader, SIGCONT);
+    each.killed_at = Clock::now() + HANG_UP_LIMIT;
+}
+
+void SessionServer::reap_children() {
+    int status = 0;
+    pid_t pid = 0;
+    while ((pid = waitpid(-1, &status, WNOHANG)) > 0) {
+        if (pid == booting_)
+            note_boot(exit_status(status));
+        const auto ended = std::ranges::find(sessions_, pid, &Session::leader);
+        if (ended == sessions_.end())
+            continue;
+        ended->leader = -1;
+        reply(ended->connection, SessionEvent::ENDED, exit_status(status));
+    }
+}
+
+void SessionServer::note_boot(int status) {
+    booting_ = -1;
+    if (status != 0)
+        boot_failure_ = status;
+    else if (write(ready_.get(), "", 1) < 0)
+        std::perror("sessiond: the device is ready");
+    ready_ = FileDescriptor();
+}
+
+void SessionServer::kill_overdue() {
+    for (const Session &each : sessions_) {
+        if (each.leader > 0 && each.killed_at && Clock::now() >= *each.killed_at)
+            kill(-each.leader, SIGKILL);
+    }
+}
+
+int SessionServer::wait_limit() const {
+    const bool someone_is_dying = std::ranges::any_of(
+        sessions_, [](const Session &each) { return each.killed_at.has_value(); });
+    return someone_is_dying ? LOOK_INTERVAL_MS : -1;
+}

@@ -1,0 +1,48 @@
+// The sessions of a running device: the programs that others outside start in it.
+#pragma once
+
+#include "session/session_socket.h"
+
+#include <chrono>
+#include <list>
+#include <optional>
+#include <sys/types.h>
+
+class SessionServer {
+public:
+    // `listener`: a listening, non-blocking socket of whole messages. SIGCHLD has to be blocked.
+    explicit SessionServer(int listener) : listener_(listener) {}
+
+    // Starts the program that brings the device up. Sessions begin once it has ended well; then
+    // `ready` is closed, with a byte written to it before.
+    void boot(const char *program, session::FileDescriptor ready);
+
+    // Serves, and reaps every child, until nobody is connected or `stop` is readable. Result: the
+    // status to end with, 0 unless the boot failed.
+    int run(int stop);
+
+private:
+    using Clock = std::chrono::steady_clock;
+
+    struct Session {
+        session::FileDescriptor connection;
+        pid_t leader = -1;
+        std::optional<Clock::time_point> killed_at{}; // set when the connection has gone
+    };
+
+    void accept_clients();
+    void serve(Session &each);
+    static void open_session(Session &each, const session::SessionMessage &message);
+    void hang_up(Session &each);
+    void reap_children();
+    void note_boot(int status);
+    void kill_overdue();
+    [[nodiscard]] bool someone_is_connected() const;
+    [[nodiscard]] int wait_limit() const;
+
+    int listener_;
+    session::FileDescriptor ready_; // while the device comes up
+    pid_t booting_ = -1;
+    std::optional<int> boot_failure_{};
+    std::list<Session> sessions_;
+};
