@@ -66,6 +66,21 @@ void print_scan_result(int interface, int index, ReadTarget mac, ReadTarget ssid
                number("status") != 0 ? "Up" : "Down");
 }
 
+// The slot that a scan result is classified in: its own, else the first free one, else the one
+// behind the last (deliberate). Reads the scan result's address for each slot anew. Nothing when
+// an address could not be read.
+std::optional<int> slot_for(const CliContext &cli, int scan_row, ValueBuffer &scanned,
+                            ValueBuffer &classified) {
+    for (int slot = 1; slot <= ROGUE_CAPACITY; ++slot) {
+        if (scanned_addresses(cli).read(scanned, scan_row) != 0 ||
+            classified_addresses(cli).read(classified, slot) != 0)
+            return std::nullopt;
+        if (classified.empty() || std::strcmp(classified.text(), scanned.text()) == 0)
+            return slot;
+    }
+    return ROGUE_CAPACITY + 1;
+}
+
 int refuse_intrusion() {
     return refuse("Usage: set intrusion {index} {type}\n"
                   "\t\ttype[0-3]:\t1:valid\n"
@@ -157,14 +172,14 @@ int set_intrusion(CliContext &cli, const char *, CliCommand *) {
         return refuse_intrusion();
     const int interface = interface_number(cli);
     const int index = decimal_value(index_word);
-    cfg_get(scanned, SCANNED, interface, index, "mac");
-    // With all slots in use the one behind the last is taken. Meant so.
-    const int slot =
-        find_in_list(classified_addresses(cli), slot_mac, scanned.text(), ROGUE_CAPACITY).index;
-    cfg_set(type, CLASSIFIED, interface, slot, "type");
+    const std::optional<int> slot = slot_for(cli, index, scanned, slot_mac);
+    if (!slot)
+        return CLI_REFUSED;
+    cfg_set(type, CLASSIFIED, interface, *slot, "type");
     for (const char *field : FIELDS) {
-        cfg_get(scanned, SCANNED, interface, index, field);
-        cfg_set(scanned.text(), CLASSIFIED, interface, slot, field);
+        if (cfg_get(scanned, SCANNED, interface, index, field) != 0)
+            return CLI_REFUSED;
+        cfg_set(scanned.text(), CLASSIFIED, interface, *slot, field);
     }
     save_configuration();
     return CLI_DONE;

@@ -5,20 +5,26 @@
 
 int add_address(const AddressList &list, ReadTarget value, const char *address) {
     const ListPlace place = find_in_list(list.entries, value, address, list.capacity);
-    if (place.end == ListEnd::Full)
+    if (place.end() == ListEnd::Full)
         return refuse(" Error! %s entry number only allow maximum %d\n", list.title, list.capacity);
-    if (place.end == ListEnd::Match)
+    if (place.end() == ListEnd::Match)
         return refuse("error! the %s address already exist!\n", list.kind);
-    list.entries.write(place.index, address);
+    const std::optional<int> vacancy = place.vacancy();
+    if (!vacancy)
+        return CLI_REFUSED;
+    list.entries.write(*vacancy, address);
     pending_apply |= APPLY_WLAN;
     return CLI_DONE;
 }
 
 int delete_address(const AddressList &list, ReadTarget value, const char *address) {
     const ListPlace place = find_in_list(list.entries, value, address, LIST_BOUND);
-    if (place.end != ListEnd::Match)
-        return refuse("error macaddrdel!\n"); // whatever kind of address. Meant so.
-    list.entries.remove(place.index);
+    if (place.end() == ListEnd::Unreadable)
+        return CLI_REFUSED;
+    const std::optional<int> match = place.match();
+    if (!match)
+        return refuse("error macaddrdel!\n"); // whatever kind of address. Deliberate.
+    list.entries.remove(*match);
     pending_apply |= APPLY_WLAN;
     return CLI_DONE;
 }

@@ -24,16 +24,19 @@ int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 2)
         return refuse_add();
     ArpText stored;
-    const ListPlace free_rule = find_in_list(RULE_ADDRESS, stored, "", RULES);
-    // Comes before a look at the words. Meant so.
-    if (free_rule.end == ListEnd::Full)
+    const ListPlace place = find_in_list(RULE_ADDRESS, stored, "", RULES);
+    // Comes before a look at the words. Deliberate.
+    if (place.end() == ListEnd::Full)
         return refuse("Max rules num is 8! \nCan't add rule because table is full!\n");
+    const std::optional<int> rule = place.vacancy();
+    if (!rule)
+        return CLI_REFUSED;
     std::uint32_t address = 0;
     MacText mac{};
     if (arg_ipv4(cli, address) == 0 || arg_mac(cli, mac) == 0)
         return refuse_add();
-    RULE_ADDRESS.write(free_rule.index, ipv4_text(address).data());
-    RULE_MAC.write(free_rule.index, mac.data());
+    RULE_ADDRESS.write(*rule, ipv4_text(address).data());
+    RULE_MAC.write(*rule, mac.data());
     pending_apply |= APPLY_ARPSPOOF;
     return CLI_DONE;
 }
@@ -62,7 +65,7 @@ int get_arp_rules(CliContext &, const char *, CliCommand *) {
     ArpText address;
     for_each_entry(RULE_ADDRESS, address, RULES, [&](int index) {
         ArpText mac;
-        RULE_MAC.read(mac, index);
+        static_cast<void>(RULE_MAC.read(mac, index)); // shown as empty when unreadable
         cli_printf("%d\t%s\t\t%s\n", index, address.text(), mac.text());
     });
     return CLI_DONE;

@@ -55,7 +55,7 @@ void print_channels(const ListLayout &layout, const char *prefix) {
 }
 
 void print_available_channels() {
-    const int country = read_country_code();
+    const int country = read_country_code().value_or(0);
     const char *name = country_name(country);
     cli_printf("Country:%s\n", name != nullptr ? name : "unknow country!");
     run_command("genchanneltable 2> /dev/null");
@@ -102,9 +102,10 @@ int refuse_other_band(int band) {
 
 } // namespace
 
-int read_country_code() {
+std::optional<int> read_country_code() {
     ShortValue<3> code;
-    cfg_get(code, "/runtime/layout/countrycode");
+    if (cfg_get(code, "/runtime/layout/countrycode") != 0)
+        return std::nullopt;
     return code.number();
 }
 
@@ -146,7 +147,7 @@ int set_country(CliContext &, const char *, CliCommand *) {
 }
 
 int get_country(CliContext &, const char *, CliCommand *) {
-    const char *name = country_name(read_country_code());
+    const char *name = country_name(read_country_code().value_or(0));
     cli_printf("Country:%s\n", name != nullptr ? name : "unknow country!!");
     return CLI_DONE;
 }

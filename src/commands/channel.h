@@ -4,6 +4,8 @@
 #include "shell/command.h"
 #include "shell/dispatch.h"
 
+#include <optional>
+
 struct Country {
     char name[3]; // also the word that sets it
     char help[22];
@@ -31,8 +33,9 @@ inline constexpr Country SETTABLE_COUNTRIES[] = {
     {"DB", "country for HW DEBUG", 511},
 };
 
-// The regulatory country's code, from the first three bytes of its node.
-int read_country_code();
+// The regulatory country's code, from the first three bytes of its node; nothing when that could
+// not be read.
+std::optional<int> read_country_code();
 
 // Word CHANNEL, written as typed when the band's run-time table holds it; else says why and lists
 // the channels. Returns 0 either way.

@@ -27,11 +27,14 @@ constexpr StaticColumn MACS = {NumberedList("/lan/dhcp/server/pool:1/staticdhcp/
 int add_to_column(const StaticColumn &column, ValueBuffer &stored, const char *text) {
     // The walk looks one entry further than the pool goes.
     const ListPlace place = find_in_list(column.list, stored, text, STATIC_LEASE_COUNT + 1);
-    if (place.end == ListEnd::Match)
+    if (place.end() == ListEnd::Unreadable)
+        return CLI_REFUSED;
+    if (place.end() == ListEnd::Match)
         return refuse("%s", column.exists);
-    if (place.index > STATIC_LEASE_COUNT)
+    const std::optional<int> vacancy = place.vacancy();
+    if (!vacancy || *vacancy > STATIC_LEASE_COUNT)
         return refuse("%s", column.full);
-    column.list.write(place.index, text);
+    column.list.write(*vacancy, text);
     pending_apply |= APPLY_DHCPD;
     return CLI_DONE;
 }

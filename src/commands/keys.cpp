@@ -55,8 +55,8 @@ int displayed_key(const CliContext &cli) {
     return index;
 }
 
-bool is_default_key(int index) {
-    return cfg_number("/wlan/inf:1/defkey") == index;
+std::optional<int> default_key() {
+    return cfg_read_number("/wlan/inf:1/defkey");
 }
 
 struct SlotCopy {
@@ -64,14 +64,19 @@ struct SlotCopy {
     const char *value;
 };
 
-// Writes to the copies that the slots using the key hold of it.
-void write_slot_copies(int index, std::initializer_list<SlotCopy> copies) {
+// Writes to the copies that the slots using the key hold of it, up to a slot that cannot be read.
+int write_slot_copies(int index, std::initializer_list<SlotCopy> copies) {
     for (int slot = 1; slot <= SLOT_COUNT; ++slot) {
-        if (cfg_number("/wlan/inf:1/multi/index:%d/wep_key_index", slot) != index)
+        const std::optional<int> used =
+            cfg_read_number("/wlan/inf:1/multi/index:%d/wep_key_index", slot);
+        if (!used)
+            return CLI_REFUSED;
+        if (*used != index)
             continue;
         for (const SlotCopy &copy : copies)
             cfg_set(copy.value, "/wlan/inf:1/multi/index:%d/%s", slot, copy.leaf);
     }
+    return CLI_DONE;
 }
 
 // The characters that a key of so many bits, 24 of them public, has; negative for an unset length.
@@ -117,20 +122,21 @@ int set_key(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
         return refuse(MEMORY_ERROR);
-    cfg_get(value, "/wlan/inf:1/wepkey:%d/keylength", index);
+    if (cfg_get(value, "/wlan/inf:1/wepkey:%d/keylength", index) != 0)
+        return CLI_REFUSED;
     const int keylength = value.number();
-    cfg_get(value, "/wlan/inf:1/wepkey:%d/keyformat", index);
+    if (cfg_get(value, "/wlan/inf:1/wepkey:%d/keyformat", index) != 0)
+        return CLI_REFUSED;
     const int format = value.number();
 
     const char *key = arg_next(cli);
     if (const char *fault = key_fault(key, keylength, format))
         return refuse("%s", fault);
     cfg_set(key, "/wlan/inf:1/wepkey:%d", index);
-    write_slot_copies(index, {{"wep_key", key}});
-    // An ASCII key restarts nothing. Meant so.
+    // An ASCII key restarts nothing. Deliberate.
     if (format == FORMAT_HEXADECIMAL)
         pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return write_slot_copies(index, {{"wep_key", key}});
 }
 
 int delete_key(CliContext &cli, const char *, CliCommand *) {
@@ -142,13 +148,16 @@ int delete_key(CliContext &cli, const char *, CliCommand *) {
     cfg_set("", "/wlan/inf:1/wepkey:%d", index);
     cfg_set("2", "/wlan/inf:1/wepkey:%d/keyformat", index);
     cfg_set("64", "/wlan/inf:1/wepkey:%d/keylength", index);
-    if (is_default_key(index)) {
+    pending_apply |= APPLY_WLAN;
+    const std::optional<int> in_use = default_key();
+    if (!in_use)
+        return CLI_REFUSED;
+    if (*in_use == index) {
         cfg_set("2", "/wlan/inf:1/keyformat");
         cfg_set("64", "/wlan/inf:1/keylength");
     }
-    write_slot_copies(index, {{"wep_key", ""}, {"wep_keyformat", "2"}, {"wep_keylength", "64"}});
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return write_slot_copies(index,
+                             {{"wep_key", ""}, {"wep_keyformat", "2"}, {"wep_keylength", "64"}});
 }
 
 int change_key_attribute(CliContext &cli, const KeyAttribute &attribute, const char *value) {
@@ -158,17 +167,20 @@ int change_key_attribute(CliContext &cli, const KeyAttribute &attribute, const c
     ValueBuffer current;
     if (!current)
         return refuse(MEMORY_ERROR);
-    cfg_get(current, "/wlan/inf:1/wepkey:%d/%s", index, attribute.leaf);
+    if (cfg_get(current, "/wlan/inf:1/wepkey:%d/%s", index, attribute.leaf) != 0)
+        return CLI_REFUSED;
     if (current.number() == decimal_value(value))
         return CLI_DONE;
     cfg_set("", "/wlan/inf:1/wepkey:%d", index);
-    if (is_default_key(index))
+    pending_apply |= APPLY_WLAN;
+    const std::optional<int> in_use = default_key();
+    if (!in_use)
+        return CLI_REFUSED;
+    if (*in_use == index)
         cfg_set(value, "/wlan/inf:1/%s", attribute.leaf);
     cli_printf("NOTICE: encryption keys %d is reset.\n", index);
     cfg_set(value, "/wlan/inf:1/wepkey:%d/%s", index, attribute.leaf);
-    write_slot_copies(index, {{"wep_key", ""}, {attribute.slot_leaf, value}});
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return write_slot_copies(index, {{"wep_key", ""}, {attribute.slot_leaf, value}});
 }
 
 int set_default_key(CliContext &cli, const char *, CliCommand *) {
@@ -182,11 +194,12 @@ int set_default_key(CliContext &cli, const char *, CliCommand *) {
     if (!value)
         return refuse(MEMORY_ERROR);
     cfg_set_number(index, "/wlan/inf:1/defkey");
+    pending_apply |= APPLY_WLAN;
     for (const KeyAttribute &attribute : {KEY_FORMAT, KEY_LENGTH}) {
-        cfg_get(value, "/wlan/inf:1/wepkey:%d/%s", index, attribute.leaf);
+        if (cfg_get(value, "/wlan/inf:1/wepkey:%d/%s", index, attribute.leaf) != 0)
+            return CLI_REFUSED;
         cfg_set(value.text(), "/wlan/inf:1/%s", attribute.leaf);
     }
-    pending_apply |= APPLY_WLAN;
     return CLI_DONE;
 }
 

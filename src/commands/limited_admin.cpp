@@ -12,19 +12,21 @@ namespace {
 
 constexpr int POOLS = 4;
 
-// A text that is no address counts: its value is the library's mark of failure. Meant so.
-bool is_set_address(const char *edge, int pool) {
-    UsualValue text;
-    cfg_get(text, "/sys/adminlimit/ipentry/index:%d/%s", pool, edge);
-    return !text.empty() && inet_addr(text.text()) != 0;
-}
+enum class PoolSearch : std::uint8_t { Found, None, Unreadable };
 
-bool has_pool() {
+PoolSearch find_pool() {
     for (int pool = 1; pool <= POOLS; ++pool) {
-        if (is_set_address("ippoolstart", pool) || is_set_address("ippoolend", pool))
-            return true;
+        for (const char *edge : {"ippoolstart", "ippoolend"}) {
+            UsualValue text;
+            if (cfg_get(text, "/sys/adminlimit/ipentry/index:%d/%s", pool, edge) != 0)
+                return PoolSearch::Unreadable;
+            // A text that is no address counts: its value is the library's mark of failure.
+            // Deliberate.
+            if (!text.empty() && inet_addr(text.text()) != 0)
+                return PoolSearch::Found;
+        }
     }
-    return false;
+    return PoolSearch::None;
 }
 
 void write_pool(int pool, const char *start, const char *end) {
@@ -41,20 +43,33 @@ int refuse_type() {
     return CLI_DONE;
 }
 
-void switch_vlan_off() {
-    if (cfg_number("/sys/vlan_state") != 1)
-        return;
+int switch_vlan_off() {
+    const std::optional<int> state = cfg_read_number("/sys/vlan_state");
+    if (!state)
+        return CLI_REFUSED;
+    if (*state != 1)
+        return CLI_DONE;
     cli_printf("If admin vlan enable, vlan status will be disable.\n");
     cfg_set("0", "/sys/vlan_state");
     pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
 }
 
-void drop_address_limit() {
-    const int type = cfg_number(ADMIN_LIMIT_TYPE);
-    if (!includes_limit(type, LIMITED_BY_ADDRESS) || has_pool())
-        return;
-    cfg_set_number(type & LIMITED_BY_VLAN, ADMIN_LIMIT_TYPE);
-    cli_printf("Limit Admin IP will be disabled if the Limit Admin IP rule list is null!\n");
+// Takes the pools out of the type when there is none.
+int drop_address_limit() {
+    const std::optional<int> type = cfg_read_number(ADMIN_LIMIT_TYPE);
+    if (!type)
+        return CLI_REFUSED;
+    if (!includes_limit(*type, LIMITED_BY_ADDRESS))
+        return CLI_DONE;
+    const PoolSearch search = find_pool();
+    if (search == PoolSearch::Unreadable)
+        return CLI_REFUSED;
+    if (search == PoolSearch::None) {
+        cfg_set_number(*type & LIMITED_BY_VLAN, ADMIN_LIMIT_TYPE);
+        cli_printf("Limit Admin IP will be disabled if the Limit Admin IP rule list is null!\n");
+    }
+    return CLI_DONE;
 }
 
 } // namespace
@@ -68,15 +83,17 @@ int set_admin_limit_type(CliContext &cli, const char *, CliCommand *) {
         return refuse_type();
     const char *word = arg_next(cli);
     const int type = decimal_value(word);
-    if (includes_limit(type, LIMITED_BY_ADDRESS) && !has_pool()) {
+    const PoolSearch search =
+        includes_limit(type, LIMITED_BY_ADDRESS) ? find_pool() : PoolSearch::Found;
+    if (search == PoolSearch::Unreadable)
+        return CLI_REFUSED;
+    if (search == PoolSearch::None) {
         cli_printf("Please add Limit Admin IP rule!\n");
         return CLI_DONE;
     }
     cfg_set(word, ADMIN_LIMIT_TYPE);
     pending_apply |= APPLY_WAN;
-    if (includes_limit(type, LIMITED_BY_VLAN))
-        switch_vlan_off();
-    return CLI_DONE;
+    return includes_limit(type, LIMITED_BY_VLAN) ? switch_vlan_off() : CLI_DONE;
 }
 
 int set_admin_limit_vid(CliContext &cli, const char *, CliCommand *) {
@@ -99,8 +116,7 @@ int add_admin_pool(CliContext &cli, const char *, CliCommand *) {
         return CLI_DONE; // without a word. Meant so.
     const char *start = arg_next(cli);
     write_pool(pool, start, arg_next(cli));
-    drop_address_limit();
-    return CLI_DONE;
+    return drop_address_limit();
 }
 
 // Deleting the last pool leaves the type alone; only adding looks. Meant so.

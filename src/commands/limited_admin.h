@@ -14,7 +14,7 @@ inline constexpr int LIMITED_BY_BOTH = LIMITED_BY_VLAN | LIMITED_BY_ADDRESS;
 // True when the type, as it may stand in its node, includes the limit.
 bool includes_limit(int type, int limit);
 
-// The setters return 0, also after a refusal.
+// The setters return 0, also after a refusal of the words.
 
 // `set ladtype <0..3>`. A type with address pools needs one; a type with the VLAN switches VLAN
 // operation off.

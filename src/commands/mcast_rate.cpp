@@ -87,7 +87,10 @@ const RateClass &rate_class(const Band &band, int wireless_mode) {
 }
 
 int set_mcast_rate(CliContext &cli, const Band &band) {
-    const RateClass &rates = rate_class(band, cfg_number("/wlan/inf:1/wlmode"));
+    const std::optional<int> mode = cfg_read_number("/wlan/inf:1/wlmode");
+    if (!mode)
+        return CLI_REFUSED;
+    const RateClass &rates = rate_class(band, *mode);
     const bool is_alone = arg_count(cli) == 1;
     const char *index = arg_next(cli);
     if (!is_alone || unsigned_value(index) >= rates.limit) {

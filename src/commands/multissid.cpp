@@ -38,7 +38,8 @@ int enable_multi_ssid(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
         return refuse(MEMORY_ERROR);
-    cfg_get(value, "/wlan/inf:%d/ap_mode", interface_number(cli));
+    if (cfg_get(value, "/wlan/inf:%d/ap_mode", interface_number(cli)) != 0)
+        return CLI_REFUSED;
     const int mode = value.number();
     cfg_set("1", "/wlan/inf:%d/multi/state", interface_number(cli));
     pending_apply |= APPLY_WLAN;
@@ -68,7 +69,9 @@ int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer value;
     if (!value)
         return refuse(CANT_ALLOC_MEMORY);
-    const int authentication = slot_number(value, cli, slot, "/auth");
+    if (read_slot(value, cli, slot, "/auth") != 0)
+        return CLI_REFUSED;
+    const int authentication = value.number();
     if (is_wpa(authentication) == cipher.for_wpa) {
         write_slot(DecimalText().of(cipher.value), cli, slot, "/cipher");
         confirm_cipher(slot, cipher.confirmed);

@@ -4,6 +4,7 @@
 #include "config/node_access.h"
 
 #include <concepts>
+#include <optional>
 
 // The nodes that hold one column of a list.
 class NumberedList {
@@ -21,11 +22,12 @@ public:
     // Where entry `index` is; the array is the operation's and lives until its next call.
     [[nodiscard]] const char *path(int index) const;
 
+    // Reads entry `index`, as cfg_get does. An entry that could not be read is neither free nor
+    // another's: a command that would write by it must refuse.
+    [[nodiscard]] int read(ReadTarget value, int index) const;
+
     // Their results need not be looked at: what failed has been reported.
     // NOLINTBEGIN(modernize-use-nodiscard)
-
-    // Reads entry `index`, as cfg_get does.
-    int read(ReadTarget value, int index) const;
 
     // Writes entry `index`, as cfg_set does.
     int write(int index, const char *text) const;
@@ -47,13 +49,28 @@ private:
 enum class ListEnd {
     Match,      // an entry that equals the text
     Empty,      // an empty entry
-    Unreadable, // an entry that could not be read, which was reported; `value` is empty
+    Unreadable, // an entry that could not be read, which was reported: refuse silently
     Full,       // none of these among the entries that the list may have
 };
 
-struct ListPlace {
-    ListEnd end;
-    int index; // of the entry; capacity + 1 when Full
+// Where a walk ended. The number of an entry comes only with what the entry is.
+class ListPlace {
+public:
+    constexpr ListPlace(ListEnd end, int index) : end_(end), index_(index) {}
+
+    [[nodiscard]] ListEnd end() const { return end_; }
+
+    // The entry that equals the text, or the empty one; nothing when the walk ended otherwise.
+    [[nodiscard]] std::optional<int> match() const { return index_at(ListEnd::Match); }
+    [[nodiscard]] std::optional<int> vacancy() const { return index_at(ListEnd::Empty); }
+
+private:
+    [[nodiscard]] std::optional<int> index_at(ListEnd end) const {
+        return end_ == end ? std::optional(index_) : std::nullopt;
+    }
+
+    ListEnd end_;
+    int index_;
 };
 
 // Walks entries first..capacity up to the one that equals `text` exactly or the first empty one.
@@ -61,13 +78,12 @@ struct ListPlace {
 ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity,
                        int first = 1);
 
-// Reads entries 1..capacity into `value` up to the first empty one and calls `visit(index)` for
-// each. Returns how many there were.
+// Reads entries 1..capacity into `value` up to the first that is empty or cannot be read, and calls
+// `visit(index)` for each. Returns how many there were.
 template <class Value, std::invocable<int> Visit>
 int for_each_entry(const NumberedList &list, Value &value, int capacity, Visit visit) {
     for (int index = 1; index <= capacity; ++index) {
-        list.read(value, index);
-        if (value.empty())
+        if (list.read(value, index) != 0 || value.empty())
             return index - 1;
         visit(index);
     }

@@ -7,31 +7,42 @@
 
 namespace {
 
-// True, after saying so, where WDS is not offered.
-bool is_wds_barred() {
-    if (cfg_number("/wlan/ch_mode") != 1 || read_country_code() != COUNTRY_JAPAN)
-        return false;
-    cli_printf("5G can't to support WDS mode \n");
-    return true;
+// Refuses where WDS is not offered, and says so; silently where a node could not be read.
+int check_wds_offered() {
+    const std::optional<int> band = cfg_read_number("/wlan/ch_mode");
+    if (!band)
+        return CLI_REFUSED;
+    if (*band != 1)
+        return CLI_DONE;
+    const std::optional<int> country = read_country_code();
+    if (!country)
+        return CLI_REFUSED;
+    return *country == COUNTRY_JAPAN ? refuse("5G can't to support WDS mode \n") : CLI_DONE;
 }
 
-void switch_off_multi_ssid(const CliContext &cli) {
+// Goes on without memory.
+int switch_off_multi_ssid(const CliContext &cli) {
     ValueBuffer state;
     if (!state) {
         cli_printf(CANT_ALLOC_MEMORY);
-        return;
+        return CLI_DONE;
     }
-    cfg_get(state, "/wlan/inf:%d/multi/state", interface_number(cli));
+    if (cfg_get(state, "/wlan/inf:%d/multi/state", interface_number(cli)) != 0)
+        return CLI_REFUSED;
     if (state.number() != 1)
-        return;
+        return CLI_DONE;
     cli_printf(" Multi-SSID is diable \n");
     cfg_set("0", "/wlan/inf:%d/multi/state", interface_number(cli));
+    return CLI_DONE;
 }
 
-void keep_security_supported(const CliContext &cli, int mode) {
-    if (security_check(SecurityChange::Mode, mode) != 0)
+int keep_security_supported(const CliContext &cli, int mode) {
+    const int check = security_check(SecurityChange::Mode, mode);
+    if (check == SECURITY_UNKNOWN)
+        return CLI_REFUSED;
+    if (check != 0)
         security_fixup(cli, SecurityChange::Mode, mode);
-    pending_apply |= APPLY_WLAN;
+    return CLI_DONE;
 }
 
 const char *client_mode_name() {
@@ -42,26 +53,29 @@ const char *client_mode_name() {
 
 int set_client_mode(CliContext &cli, const char *, CliCommand *) {
     cfg_set_number(MODE_CLIENT, "/wlan/inf:%d/ap_mode", interface_number(cli));
-    switch_off_multi_ssid(cli);
-    keep_security_supported(cli, MODE_CLIENT);
-    return CLI_DONE;
+    pending_apply |= APPLY_WLAN;
+    if (switch_off_multi_ssid(cli) != CLI_DONE)
+        return CLI_REFUSED;
+    return keep_security_supported(cli, MODE_CLIENT);
 }
 
 int set_wds_ap_mode(CliContext &cli, const char *, CliCommand *) {
-    if (is_wds_barred())
+    if (check_wds_offered() != CLI_DONE)
         return CLI_REFUSED;
     cfg_set_number(MODE_WDS_AP, "/wlan/inf:%d/ap_mode", interface_number(cli));
-    keep_security_supported(cli, MODE_WDS_AP);
-    return CLI_DONE;
+    pending_apply |= APPLY_WLAN;
+    return keep_security_supported(cli, MODE_WDS_AP);
 }
 
 int set_wds_mode(CliContext &cli, const char *, CliCommand *) {
-    if (is_wds_barred())
+    if (check_wds_offered() != CLI_DONE)
         return CLI_REFUSED;
-    switch_off_multi_ssid(cli);
+    if (switch_off_multi_ssid(cli) != CLI_DONE)
+        return CLI_REFUSED;
     cfg_set_number(MODE_WDS, "/wlan/inf:%d/ap_mode", interface_number(cli));
-    keep_security_supported(cli, MODE_WDS_AP); // as for the mode with access point. Meant so.
-    return CLI_DONE;
+    pending_apply |= APPLY_WLAN;
+    // As for the mode with access point. Deliberate.
+    return keep_security_supported(cli, MODE_WDS_AP);
 }
 
 int get_ap_mode(CliContext &cli, const char *, CliCommand *) {

@@ -100,12 +100,19 @@ int set_wireless_mode(CliContext &, const char *, CliCommand *) {
 }
 
 int set_band_5g(CliContext &, const char *, CliCommand *) {
-    const int country = read_country_code();
-    if (country == COUNTRY_JAPAN && is_wds_mode(cfg_number("/wlan/inf:1/ap_mode"))) {
-        cfg_set_number(MODE_AP, "/wlan/inf:1/ap_mode");
-        cli_printf("apmode change to only AP  ,beacuse 5G not support WDS\n");
+    const std::optional<int> country = read_country_code();
+    if (!country)
+        return CLI_REFUSED;
+    if (*country == COUNTRY_JAPAN) {
+        const std::optional<int> mode = cfg_read_number("/wlan/inf:1/ap_mode");
+        if (!mode)
+            return CLI_REFUSED;
+        if (is_wds_mode(*mode)) {
+            cfg_set_number(MODE_AP, "/wlan/inf:1/ap_mode");
+            cli_printf("apmode change to only AP  ,beacuse 5G not support WDS\n");
+        }
     }
-    if (country == COUNTRY_ISRAEL)
+    if (*country == COUNTRY_ISRAEL)
         return refuse("can not work in 5G when country as IL\n");
     cfg_set("1", "/wlan/ch_mode");
     pending_apply |= APPLY_WLAN;

@@ -23,32 +23,35 @@ struct Combination {
     const char *notice = ""; // of its refusal
 };
 
-int read_number(ValueBuffer &value, const char *path) {
-    cfg_get_plain(value, path);
-    return value.number();
-}
+// Reads the settings, and remembers when that failed.
+class CurrentSettings {
+public:
+    explicit operator bool() const { return static_cast<bool>(value_); } // false without memory
+    [[nodiscard]] bool failed() const { return failed_; }
 
-int current_mode(ValueBuffer &value) {
-    return read_number(value, "/wlan/inf:1/ap_mode");
-}
+    int mode() { return number("/wlan/inf:1/ap_mode"); }
+    int authentication() { return number("/wlan/inf:1/authentication"); }
+    int cipher() { return number("/wlan/inf:1/wpa/wepmode"); }
 
-int current_authentication(ValueBuffer &value) {
-    return read_number(value, "/wlan/inf:1/authentication");
-}
+private:
+    int number(const char *path) {
+        failed_ |= cfg_get_plain(value_, path) != 0;
+        return value_.number();
+    }
 
-int current_cipher(ValueBuffer &value) {
-    return read_number(value, "/wlan/inf:1/wpa/wepmode");
-}
+    ValueBuffer value_;
+    bool failed_ = false;
+};
 
 // The combination that the change leads to. The fields stand in the order in which they are read.
-Combination combine(ValueBuffer &value, SecurityChange change, int new_value) {
+Combination combine(CurrentSettings &current, SecurityChange change, int new_value) {
     switch (change) {
     case SecurityChange::Mode:
-        return {current_authentication(value), new_value, current_cipher(value), NOTICE_OF_MODE};
+        return {current.authentication(), new_value, current.cipher(), NOTICE_OF_MODE};
     case SecurityChange::Authentication:
-        return {new_value, current_mode(value), current_cipher(value), NOTICE_OF_AUTHENTICATION};
+        return {new_value, current.mode(), current.cipher(), NOTICE_OF_AUTHENTICATION};
     case SecurityChange::Cipher:
-        return {current_authentication(value), current_mode(value), new_value, NOTICE_OF_CIPHER};
+        return {current.authentication(), current.mode(), new_value, NOTICE_OF_CIPHER};
     }
     return {};
 }
@@ -122,7 +125,8 @@ int fix_for_authentication(const CliContext &cli, int authentication) {
         cli_printf(MEMORY_ERROR);
         return 2;
     }
-    cfg_get(mode, "/wlan/inf:%d/ap_mode", interface_number(cli));
+    if (cfg_get(mode, "/wlan/inf:%d/ap_mode", interface_number(cli)) != 0)
+        return SECURITY_UNKNOWN;
     const CipherFix *fix = find_fix(authentication, mode.number());
     if (fix == nullptr)
         return 0;
@@ -138,12 +142,14 @@ const char *line_of(const SecurityType *type) {
 } // namespace
 
 int security_check(SecurityChange change, int value) {
-    ValueBuffer current;
+    CurrentSettings current;
     if (!current) {
         cli_printf(MEMORY_ERROR);
         return 2;
     }
     const Combination security = combine(current, change, value);
+    if (current.failed())
+        return SECURITY_UNKNOWN;
     if (is_supported(security))
         return 0;
     cli_printf("%s", security.notice);
@@ -173,10 +179,16 @@ const char *cipher_line(int cipher) {
 
 int set_authentication(CliContext &cli, const char *, CliCommand *) {
     const int type = typed_item(AUTHENTICATION_TYPES, authentication_rows).value;
-    // Only a fix-up that found no way stops here; one that ran out of memory does not. Meant so.
-    if (security_check(SecurityChange::Authentication, type) != 0 &&
-        security_fixup(cli, SecurityChange::Authentication, type) == 0)
-        return CLI_DONE;
+    int outcome = security_check(SecurityChange::Authentication, type);
+    if (outcome > 0) {
+        outcome = security_fixup(cli, SecurityChange::Authentication, type);
+        // Only a fix-up that found no way stops here; one that ran out of memory does not.
+        // Deliberate.
+        if (outcome == 0)
+            return CLI_DONE;
+    }
+    if (outcome == SECURITY_UNKNOWN)
+        return CLI_REFUSED;
     run_command("rgdb -s /wlan/inf:%d/authentication %d", interface_number(cli), type);
     pending_apply |= APPLY_WLAN;
     return CLI_DONE;
@@ -184,8 +196,8 @@ int set_authentication(CliContext &cli, const char *, CliCommand *) {
 
 int set_cipher(CliContext &cli, const char *, CliCommand *) {
     const int cipher = typed_item(CIPHERS, cipher_rows).value;
-    if (security_check(SecurityChange::Cipher, cipher) != 0)
-        return CLI_DONE;
+    if (const int check = security_check(SecurityChange::Cipher, cipher); check != 0)
+        return check == SECURITY_UNKNOWN ? CLI_REFUSED : CLI_DONE;
     run_command("rgdb -s /wlan/inf:%d/wpa/wepmode %d", interface_number(cli), cipher);
     pending_apply |= APPLY_WLAN;
     return CLI_DONE;

@@ -29,12 +29,14 @@ enum class SecurityChange { Mode = 1, Authentication = 2, Cipher = 3 };
 
 // Asks whether the new value of one setting goes with the other two, which are read from interface
 // 1. Returns 0 when it does; 1, after the notice of the change, when it does not; 2 after
-// "memory error!".
+// "memory error!"; SECURITY_UNKNOWN when one of them could not be read: refuse the change then.
 int security_check(SecurityChange change, int value);
+inline constexpr int SECURITY_UNKNOWN = -1;
 
 // For a mode or authentication change that was refused: forces the other settings of the current
 // band's interface to go with the new value. Returns 1 when it did, after a notice of what was
-// written; 0 when there is no way; 2 after "memory error!".
+// written; 0 when there is no way; 2 after "memory error!"; SECURITY_UNKNOWN when the mode could
+// not be read.
 int security_fixup(const CliContext &cli, SecurityChange change, int value);
 
 // The name of an authentication type with its newline; nothing for a number that is none.
@@ -44,7 +46,8 @@ const char *authentication_line(int type);
 const char *cipher_line(int cipher);
 
 // Store what the typed row names in AUTHENTICATION_TYPES and CIPHERS. Words are ignored. Return 0,
-// also after the notice that refuses it; only the authentication type has the cipher fixed instead.
+// also after the notice that refuses it, only the authentication type has the cipher fixed instead;
+// or -1, silently, after SECURITY_UNKNOWN.
 int set_authentication(CliContext &cli, const char *word, CliCommand *subtable);
 int set_cipher(CliContext &cli, const char *word, CliCommand *subtable);
 

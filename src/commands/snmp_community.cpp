@@ -34,7 +34,7 @@ int refuse_long_community() {
 
 int check_view(const char *name) {
     UsualValue value;
-    switch (find_snmp_row(SNMP_VIEWS, value, name).end) {
+    switch (find_snmp_row(SNMP_VIEWS, value, name).end()) {
     case ListEnd::Match:
         return CLI_DONE;
     case ListEnd::Unreadable:
@@ -97,10 +97,10 @@ int add_snmp_community(CliContext &cli, const char *, CliCommand *) {
     if (type >= 3) // no lower bound
         return refuse("\nType must be a digital number as 1 or 2!\n");
     UsualValue value;
-    const int row = new_snmp_row(SNMP_COMMUNITIES, value, name);
-    if (row == 0 || check_view(view) != CLI_DONE)
+    const std::optional<int> row = place_new_snmp_row(SNMP_COMMUNITIES, value, name).vacancy();
+    if (!row || check_view(view) != CLI_DONE)
         return CLI_REFUSED;
-    write_snmp_row(row, {{"community", name}, {"cmviewname", view}, {"cmtype", type_word}});
+    write_snmp_row(*row, {{"community", name}, {"cmviewname", view}, {"cmtype", type_word}});
     return finish_snmp_change("\nAdd community successfully");
 }
 

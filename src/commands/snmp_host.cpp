@@ -45,20 +45,19 @@ int check_words(NewHost &host) {
     return CLI_DONE;
 }
 
-bool is_fixed_community(const char *node, const char *name) {
-    UsualValue community;
-    cfg_get_plain(community, node);
-    return std::strcmp(community.text(), name) == 0;
-}
-
 int check_community(const NewHost &host) {
     UsualValue value;
-    const ListEnd end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).end;
+    const ListEnd end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).end();
     if (end == ListEnd::Unreadable)
         return CLI_REFUSED;
-    if (end == ListEnd::Match || is_fixed_community(SNMP_PRIVATE_COMMUNITY, host.community) ||
-        is_fixed_community(SNMP_PUBLIC_COMMUNITY, host.community))
+    if (end == ListEnd::Match)
         return CLI_DONE;
+    for (const char *node : {SNMP_PRIVATE_COMMUNITY, SNMP_PUBLIC_COMMUNITY}) {
+        if (cfg_get_plain(value, node) != 0)
+            return CLI_REFUSED;
+        if (std::strcmp(value.text(), host.community) == 0)
+            return CLI_DONE;
+    }
     return refuse("\n The community doesn't exist !\n");
 }
 
@@ -75,19 +74,20 @@ bool seems_off(const char *column, int row) {
 int check_user(const NewHost &host) {
     UsualValue value;
     const ListPlace user = find_snmp_row(SNMP_USERS, value, host.community);
-    if (user.end == ListEnd::Unreadable)
+    if (user.end() == ListEnd::Unreadable)
         return CLI_REFUSED;
-    if (user.end != ListEnd::Match)
+    const std::optional<int> row = user.match();
+    if (!row)
         return CLI_DONE;
     switch (host.auth) {
     case AUTH_NOPRIV:
-        if (seems_off("authprotocol", user.index))
+        if (seems_off("authprotocol", *row))
             return refuse("\n The specified user does seting AuthProtocol!\n");
         break;
     case AUTH_PRIV:
-        if (seems_off("authprotocol", user.index))
+        if (seems_off("authprotocol", *row))
             return refuse("\n The specified user does not set authentication protocol!\n");
-        if (seems_off("privprotocol", user.index))
+        if (seems_off("privprotocol", *row))
             return refuse("\n The specified user does not set privacy protocol!\n");
         break;
     default:
@@ -135,13 +135,12 @@ int add_snmp_host(CliContext &cli, const char *, CliCommand *) {
     if (check_words(host) != CLI_DONE)
         return CLI_REFUSED;
     UsualValue value;
-    const int row = new_snmp_row(SNMP_HOSTS, value, host.address);
-    if (row == 0 ||
-        (host.version == SNMP_V3 ? check_user(host) : check_community(host)) != CLI_DONE)
+    const std::optional<int> row = place_new_snmp_row(SNMP_HOSTS, value, host.address).vacancy();
+    if (!row || (host.version == SNMP_V3 ? check_user(host) : check_community(host)) != CLI_DONE)
         return CLI_REFUSED;
-    write_snmp_row(row, {{"hostip", host.address}, {"secumodel", host.version_word}});
+    write_snmp_row(*row, {{"hostip", host.address}, {"secumodel", host.version_word}});
     cfg_set(host.community, SNMP_PUBLIC_COMMUNITY); // also a user's name. Meant so.
-    write_snmp_row(row, {{"commorun", host.community}});
+    write_snmp_row(*row, {{"commorun", host.community}});
     return finish_snmp_change("\nAdd host successfully");
 }
 

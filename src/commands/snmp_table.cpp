@@ -112,21 +112,13 @@ void report_existing_snmp_row(const SnmpTable &table, const char *stored, const 
     cli_printf("%s\nThe %s '%s' existed.\n", stored, table.existing, name);
 }
 
-int new_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) {
+ListPlace place_new_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) {
     const ListPlace place = find_snmp_row(table, value, name);
-    switch (place.end) {
-    case ListEnd::Empty:
-        return place.index;
-    case ListEnd::Match:
+    if (place.end() == ListEnd::Match)
         report_existing_snmp_row(table, value.data, name);
-        break;
-    case ListEnd::Full:
+    else if (place.end() == ListEnd::Full)
         cli_printf("%s\n", table.full);
-        break;
-    case ListEnd::Unreadable:
-        break;
-    }
-    return 0;
+    return place;
 }
 
 void write_snmp_row(int row, std::initializer_list<SnmpCell> cells) {
@@ -143,15 +135,16 @@ int finish_snmp_change(const char *message) {
 
 int delete_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) {
     const ListPlace place = find_snmp_row(table, value, name);
-    if (place.end == ListEnd::Unreadable)
+    if (place.end() == ListEnd::Unreadable)
         return CLI_REFUSED;
-    if (place.end != ListEnd::Match)
+    const std::optional<int> row = place.match();
+    if (!row)
         return refuse("\n The %s '%s' %s\n", table.wanted, name, table.missing);
     UniqueFd connection = connect_to_database();
     if (!connection)
         return CLI_REFUSED;
     for (const char *column : table.columns)
-        xmldb_del(connection, 0, cells_of(column).path(place.index));
+        xmldb_del(connection, 0, cells_of(column).path(*row));
     keep(std::move(connection));
     return finish_deletion(table);
 }
@@ -166,12 +159,13 @@ int delete_all_snmp_rows(const SnmpTable &table, ReadTarget value, const char *n
     // often than there are rows, for a database that does not delete.
     for (int times = 0; times < table.capacity; ++times) {
         const ListPlace place = find_snmp_row(table, value, name);
-        if (place.end == ListEnd::Unreadable)
+        if (place.end() == ListEnd::Unreadable)
             return CLI_REFUSED;
-        if (place.end != ListEnd::Match)
+        const std::optional<int> row = place.match();
+        if (!row)
             break;
         for (const char *column : table.columns)
-            cells_of(column).remove(place.index);
+            cells_of(column).remove(*row);
     }
     return finish_deletion(table);
 }

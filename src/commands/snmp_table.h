@@ -58,9 +58,9 @@ ListPlace find_snmp_row(const SnmpTable &table, ReadTarget value, const char *na
 // Tells that the name, stored as `stored`, is taken.
 void report_existing_snmp_row(const SnmpTable &table, const char *stored, const char *name);
 
-// The number of the first empty row, for a new row `name`. 0 when a name could not be read, and,
-// after saying so, when the name is taken or the table full.
-int new_snmp_row(const SnmpTable &table, ReadTarget value, const char *name);
+// The same for a new row `name`: it is to go where the walk ends. Says so when the name is taken or
+// the table full.
+ListPlace place_new_snmp_row(const SnmpTable &table, ReadTarget value, const char *name);
 
 struct SnmpCell {
     const char *column;

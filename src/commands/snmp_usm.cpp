@@ -89,8 +89,8 @@ int check_keys(const NewUser &user) {
 // something else wrote asks for anything. Meant so.
 int check_group(const NewUser &user) {
     CutSnmpText value;
-    const ListPlace group = find_snmp_row(SNMP_GROUPS, value, user.group);
-    if (group.end != ListEnd::Match || read_snmp_cell(value, "seculevel", group.index) != 0)
+    const std::optional<int> group = find_snmp_row(SNMP_GROUPS, value, user.group).match();
+    if (!group || read_snmp_cell(value, "seculevel", *group) != 0)
         return CLI_REFUSED;
     if (value.number() == LEVEL_AUTH && user.auth == AUTH_NONE)
         return refuse("\nAdd rejected, group is auth required and no priv needed!\n");
@@ -146,31 +146,33 @@ int check_group_words(const CliContext &cli, std::int32_t &level) {
     return CLI_DONE;
 }
 
-bool has_views(const CliContext &cli) {
+// False after saying which view there is not; nothing when the table could not be read.
+std::optional<bool> has_views(const CliContext &cli) {
     int word = FIRST_VIEW_WORD;
     for (const char *view : GROUP_VIEWS) {
         CutSnmpText value;
-        const ListPlace place = find_snmp_row(SNMP_VIEWS, value, arg_peek(cli, word++));
-        if (place.end == ListEnd::Match)
+        const ListEnd end = find_snmp_row(SNMP_VIEWS, value, arg_peek(cli, word++)).end();
+        if (end == ListEnd::Match)
             continue;
-        if (place.end != ListEnd::Unreadable)
-            cli_printf("\n%s doesn't exist!!\n", view);
+        if (end == ListEnd::Unreadable)
+            return std::nullopt;
+        cli_printf("\n%s doesn't exist!!\n", view);
         return false;
     }
     return true;
 }
 
-// The first empty row of the view table, 0 for none. A name that is there already is only told.
-int new_view_row(const char *name) {
+// Where a new row of the view table goes. A name that is there already is only told.
+ListPlace place_new_view_row(const char *name) {
     CutSnmpText value;
     ListPlace place = find_snmp_row(SNMP_VIEWS, value, name);
-    while (place.end == ListEnd::Match) {
+    while (const std::optional<int> row = place.match()) {
         report_existing_snmp_row(SNMP_VIEWS, value.text(), name);
-        place = find_snmp_row(SNMP_VIEWS, value, name, place.index + 1);
+        place = find_snmp_row(SNMP_VIEWS, value, name, *row + 1);
     }
-    if (place.end == ListEnd::Full)
+    if (place.end() == ListEnd::Full)
         cli_printf("%s\n", SNMP_VIEWS.full);
-    return place.end == ListEnd::Empty ? place.index : 0;
+    return place;
 }
 
 bool print_user(const SnmpRow &row) {
@@ -223,10 +225,10 @@ int add_snmp_user(CliContext &cli, const char *, CliCommand *) {
         check_keys(user) != CLI_DONE)
         return CLI_REFUSED;
     CutSnmpText value;
-    const int row = new_snmp_row(SNMP_USERS, value, user.name);
-    if (row == 0 || check_group(user) != CLI_DONE)
+    const std::optional<int> row = place_new_snmp_row(SNMP_USERS, value, user.name).vacancy();
+    if (!row || check_group(user) != CLI_DONE)
         return CLI_REFUSED;
-    write_user(row, user);
+    write_user(*row, user);
     return finish_snmp_change("\n Add user successfully!");
 }
 
@@ -243,15 +245,21 @@ int add_snmp_group(CliContext &cli, const char *, CliCommand *) {
         return CLI_REFUSED;
     const char *name = arg_peek(cli, 0);
     CutSnmpText value;
-    // No failure, though nothing is written. Meant so.
-    const int row = has_views(cli) ? new_snmp_row(SNMP_GROUPS, value, name) : 0;
-    if (row == 0)
+    const std::optional<bool> views = has_views(cli);
+    if (!views)
+        return CLI_REFUSED;
+    // No failure, though nothing is written. Deliberate.
+    if (!*views)
         return CLI_DONE;
-    write_snmp_row(row, {{"groupname", name},
-                         {"seculevel", security_level_name(level)},
-                         {"readview", arg_peek(cli, FIRST_VIEW_WORD)},
-                         {"writeview", arg_peek(cli, FIRST_VIEW_WORD + 1)},
-                         {"notifyview", arg_peek(cli, FIRST_VIEW_WORD + 2)}});
+    const ListPlace place = place_new_snmp_row(SNMP_GROUPS, value, name);
+    const std::optional<int> row = place.vacancy();
+    if (!row)
+        return place.end() == ListEnd::Unreadable ? CLI_REFUSED : CLI_DONE; // the same
+    write_snmp_row(*row, {{"groupname", name},
+                          {"seculevel", security_level_name(level)},
+                          {"readview", arg_peek(cli, FIRST_VIEW_WORD)},
+                          {"writeview", arg_peek(cli, FIRST_VIEW_WORD + 1)},
+                          {"notifyview", arg_peek(cli, FIRST_VIEW_WORD + 2)}});
     return finish_snmp_change("\nGroup has created successfully");
 }
 
@@ -270,14 +278,14 @@ int add_snmp_view(CliContext &cli, const char *, CliCommand *) {
         return refuse("\nViewType must be a digital!\n");
     if (!is_between(type, VIEW_INCLUDED, VIEW_UNTYPED))
         return refuse("\nViewType must be a digital in the length of 1-3!\n");
-    const int row = new_view_row(name);
-    if (row == 0)
+    const std::optional<int> row = place_new_view_row(name).vacancy();
+    if (!row)
         return CLI_REFUSED;
-    write_snmp_row(row, {{"viewname", name}, {"oid", oid}});
+    write_snmp_row(*row, {{"viewname", name}, {"oid", oid}});
     // Type 3 passes the checks, and leaves a row without a type. Meant so.
     if (type == VIEW_UNTYPED)
         return CLI_REFUSED;
-    write_snmp_row(row, {{"viewtype", type == VIEW_INCLUDED ? "included" : "excluded"}});
+    write_snmp_row(*row, {{"viewtype", type == VIEW_INCLUDED ? "included" : "excluded"}});
     return finish_snmp_change("\nThe specified view is added!");
 }
 

@@ -22,13 +22,15 @@ constexpr int MAX_COUNTED_ENTRIES = 256;
 constexpr char INDEXED_PVID[] = "/wlan/inf:%d/%s/index:%s/vlan_id";
 
 // Reads a port's automatic PVID: the VLAN ID of the last of `entries` that it is an untagged member
-// of, as it stands there, or else 1.
-void read_auto_pvid(ValueBuffer &pvid, const VlanPort &port, int entries) {
+// of, as it stands there, or else 1. False when a node could not be read.
+bool read_auto_pvid(ValueBuffer &pvid, const VlanPort &port, int entries) {
     std::memcpy(pvid.data(), DEFAULT_PVID, sizeof DEFAULT_PVID);
     for (int entry = 1; entry <= entries; ++entry) {
-        if (group_egress(entry, port) == EGRESS_UNTAG)
-            read_group_vid(pvid, entry);
+        const std::optional<int> egress = group_egress(entry, port);
+        if (!egress || (*egress == EGRESS_UNTAG && read_group_vid(pvid, entry) != 0))
+            return false;
     }
+    return true;
 }
 
 int set_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
@@ -55,11 +57,13 @@ int show_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
 int enable_vlan(CliContext &, const char *, CliCommand *) {
     cfg_set("1", "/sys/vlan_state");
     pending_apply |= APPLY_WLAN;
-    const int type = cfg_number(ADMIN_LIMIT_TYPE);
-    if (!includes_limit(type, LIMITED_BY_VLAN))
+    const std::optional<int> type = cfg_read_number(ADMIN_LIMIT_TYPE);
+    if (!type)
+        return CLI_REFUSED;
+    if (!includes_limit(*type, LIMITED_BY_VLAN))
         return CLI_DONE;
     cli_printf("Because VLAN is enable, limit vlan need to disable.\n");
-    cfg_set_number(type & LIMITED_BY_ADDRESS, ADMIN_LIMIT_TYPE);
+    cfg_set_number(*type & LIMITED_BY_ADDRESS, ADMIN_LIMIT_TYPE);
     pending_apply |= APPLY_WAN;
     return CLI_DONE;
 }
@@ -69,16 +73,20 @@ int enable_auto_pvid(CliContext &, const char *, CliCommand *) {
     if (!pvid)
         return refuse(CANT_ALLOC_MEMORY);
     cfg_set("1", "/sys/auto_set_pvid");
-    const int entries = std::min(cfg_number("/sys/group_vlan/index#"), MAX_COUNTED_ENTRIES);
+    pending_apply |= APPLY_WLAN;
+    const std::optional<int> counted = cfg_read_number("/sys/group_vlan/index#");
+    if (!counted)
+        return CLI_REFUSED;
+    const int entries = std::min(*counted, MAX_COUNTED_ENTRIES);
     for (const VlanPortRun &run : VLAN_PORTS) {
         for (int step = 0; step < run.count; ++step) {
             VlanPort port = run.first;
             port.number += step;
-            read_auto_pvid(pvid, port, entries);
+            if (!read_auto_pvid(pvid, port, entries))
+                return CLI_REFUSED;
             cfg_set(pvid.text(), run.pvid_path, step + 1);
         }
     }
-    pending_apply |= APPLY_WLAN;
     return CLI_DONE;
 }
 

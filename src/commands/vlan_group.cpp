@@ -39,14 +39,16 @@ VlanPort single_port(const CliContext &cli, GroupPort port) {
 }
 
 // The entry of a VLAN; without one the entry behind the last used one, holes before it not counted,
-// and maybe one more than the table has.
-int entry_for(int vid) {
+// and maybe one more than the table has. Nothing when an entry could not be read.
+std::optional<int> entry_for(int vid) {
     int last_used = 0;
     for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
-        const int used_by = group_vid(entry);
-        if (used_by == vid)
+        const std::optional<int> used_by = group_vid(entry);
+        if (!used_by)
+            return std::nullopt;
+        if (*used_by == vid)
             return entry;
-        if (used_by != 0)
+        if (*used_by != 0)
             last_used = entry;
     }
     return last_used + 1;
@@ -65,11 +67,13 @@ int set_indexed_member(CliContext &cli, const IndexedPorts &ports, Egress egress
     const char *index = nullptr;
     if (!take_vlan_id_and_index(cli, ports, vid, index))
         return CLI_REFUSED;
-    const int entry = entry_for(vid);
-    if (entry > GROUP_ENTRIES)
+    const std::optional<int> entry = entry_for(vid);
+    if (!entry)
+        return CLI_REFUSED;
+    if (*entry > GROUP_ENTRIES)
         return refuse("The entry of Group VID is full(%d). Can't add more group VID\n",
                       GROUP_ENTRIES);
-    return write_member(entry, vid, ports.port(cli, decimal_value(index)), egress);
+    return write_member(*entry, vid, ports.port(cli, decimal_value(index)), egress);
 }
 
 int set_single_member(CliContext &cli, const VlanPort &port, Egress egress) {
@@ -80,7 +84,8 @@ int set_single_member(CliContext &cli, const VlanPort &port, Egress egress) {
     int vid = 0;
     if (!take_vlan_id(cli, vid))
         return CLI_REFUSED;
-    return write_member(entry_for(vid), vid, port, egress);
+    const std::optional<int> entry = entry_for(vid);
+    return entry ? write_member(*entry, vid, port, egress) : CLI_REFUSED;
 }
 
 const char *egress_name(int egress) {
@@ -99,13 +104,13 @@ int list_members(const VlanPort &port) {
     if (!name)
         return refuse(CANT_ALLOC_MEMORY);
     for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
-        const int vid = group_vid(entry);
+        const int vid = group_vid(entry).value_or(0);
         if (vid == 0)
             continue;
-        ENTRY_NAME.read(name, entry);
+        static_cast<void>(ENTRY_NAME.read(name, entry)); // shown as empty when unreadable
         cli_printf("index:%02d, group vid:%4d, ", entry, vid);
         cli_printf("group name:%s, ", name.text());
-        cli_printf("egress: %s\n", egress_name(group_egress(entry, port)));
+        cli_printf("egress: %s\n", egress_name(group_egress(entry, port).value_or(EGRESS_NONE)));
     }
     return CLI_DONE;
 }
@@ -116,17 +121,17 @@ int refuse_name() {
 
 } // namespace
 
-int group_vid(int entry) {
-    const int vid = cfg_number("%s/group_vid", ENTRY.path(entry));
-    return is_vlan_id(vid) ? vid : 0;
+std::optional<int> group_vid(int entry) {
+    const std::optional<int> vid = cfg_read_number("%s/group_vid", ENTRY.path(entry));
+    return vid && !is_vlan_id(*vid) ? 0 : vid;
 }
 
 int read_group_vid(ReadTarget vid, int entry) {
     return cfg_get(vid, "%s/group_vid", ENTRY.path(entry));
 }
 
-int group_egress(int entry, const VlanPort &port) {
-    return cfg_number("%s/%s:%d/egress", ENTRY.path(entry), port.kind, port.number);
+std::optional<int> group_egress(int entry, const VlanPort &port) {
+    return cfg_read_number("%s/%s:%d/egress", ENTRY.path(entry), port.kind, port.number);
 }
 
 int set_group_member(CliContext &cli, GroupPort port, Egress egress) {
@@ -160,7 +165,10 @@ int set_group_name(CliContext &cli, const char *, CliCommand *) {
         return refuse_name();
     }
     for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
-        if (group_vid(entry) != vid)
+        const std::optional<int> used_by = group_vid(entry);
+        if (!used_by)
+            return CLI_REFUSED;
+        if (*used_by != vid)
             continue;
         ENTRY_NAME.write(entry, name);
         pending_apply |= APPLY_WLAN;
@@ -176,7 +184,10 @@ int delete_group(CliContext &cli, const char *, CliCommand *) {
         return CLI_REFUSED;
     const int vid = decimal_value(word);
     for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
-        if (group_vid(entry) != vid)
+        const std::optional<int> used_by = group_vid(entry);
+        if (!used_by)
+            return CLI_REFUSED;
+        if (*used_by != vid)
             continue;
         ENTRY.remove(entry);
         cli_printf(" delete:%s \n", ENTRY.path(entry));

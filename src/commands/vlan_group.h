@@ -6,6 +6,7 @@
 #include "shell/command.h"
 
 #include <cstdint>
+#include <optional>
 
 inline constexpr int GROUP_ENTRIES = 18;
 
@@ -16,14 +17,14 @@ enum Egress : int {
     EGRESS_UNTAG = 2,
 };
 
-// The VLAN ID of an entry, 0 when the entry is free.
-int group_vid(int entry);
+// The VLAN ID of an entry, 0 when the entry is free; nothing when it could not be read.
+std::optional<int> group_vid(int entry);
 
 // Reads the VLAN ID of an entry as it stands, as cfg_get does.
-int read_group_vid(ReadTarget vid, int entry);
+[[nodiscard]] int read_group_vid(ReadTarget vid, int entry);
 
-// What a port is in the VLAN of an entry.
-int group_egress(int entry, const VlanPort &port);
+// What a port is in the VLAN of an entry; nothing when that could not be read.
+std::optional<int> group_egress(int entry, const VlanPort &port);
 
 // The ports that have commands of their own.
 enum class GroupPort : std::uint8_t {

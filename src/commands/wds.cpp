@@ -17,15 +17,16 @@ constexpr int LINKS = 8;
 
 constexpr char PEER[] = "/wlan/inf:%d/wds/list/index:%d/mac";
 
-bool is_known_peer(const CliContext &cli, ValueBuffer &value, const char *mac) {
+int check_new_peer(const CliContext &cli, ValueBuffer &value, const char *mac) {
     for (int index = 1; index <= PEERS; ++index) {
         // The band itself stands for the interface: on the 5 GHz band the 2.4 GHz radio's list is
-        // searched, and on the 2.4 GHz band none. Meant so.
-        cfg_get(value, PEER, static_cast<int>(cli.current_band), index);
+        // searched, and on the 2.4 GHz band none. Deliberate.
+        if (cfg_get(value, PEER, static_cast<int>(cli.current_band), index) != 0)
+            return CLI_REFUSED;
         if (std::strcmp(value.text(), mac) == 0)
-            return true;
+            return refuse("the mac address is exist!\n");
     }
-    return false;
+    return CLI_DONE;
 }
 
 // A list entry's field and its label.
@@ -75,8 +76,8 @@ int add_wds_peer(CliContext &cli, const char *, CliCommand *) {
         pending_apply |= APPLY_WLAN; // though nothing was written. Meant so.
         return CLI_DONE;
     }
-    if (is_known_peer(cli, value, mac.data()))
-        return refuse("the mac address is exist!\n");
+    if (check_new_peer(cli, value, mac.data()) != CLI_DONE)
+        return CLI_REFUSED;
     cfg_set(mac.data(), PEER, interface_number(cli), index);
     pending_apply |= APPLY_WLAN;
     return CLI_DONE;

@@ -23,6 +23,13 @@ int fail(const char *message) {
     return -1;
 }
 
+std::optional<int> read_number(const NodePath &path) {
+    UsualValue value;
+    if (cfg_get_plain(value, path.text) != 0)
+        return std::nullopt;
+    return value.number();
+}
+
 } // namespace
 
 int cfg_get_plain(ReadTarget target, const char *path) {
@@ -55,14 +62,20 @@ int cfg_get(ReadTarget target, const char *path, ...) {
     return cfg_get_plain(target, expanded.text);
 }
 
+std::optional<int> cfg_read_number(const char *path, ...) {
+    std::va_list values;
+    va_start(values, path);
+    const NodePath expanded(path, values);
+    va_end(values);
+    return read_number(expanded);
+}
+
 int cfg_number(const char *path, ...) {
     std::va_list values;
     va_start(values, path);
     const NodePath expanded(path, values);
     va_end(values);
-    UsualValue value;
-    cfg_get_plain(value, expanded.text);
-    return value.number();
+    return read_number(expanded).value_or(0);
 }
 
 int cfg_set(const char *value, const char *path, ...) {

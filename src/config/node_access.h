@@ -5,6 +5,8 @@
 
 #include "config/value_buffer.h"
 
+#include <optional>
+
 // Node paths expand to at most this many characters.
 inline constexpr std::size_t NODE_PATH_LIMIT = 4095;
 
@@ -16,7 +18,11 @@ inline constexpr std::size_t NODE_PATH_LIMIT = 4095;
 // The same for a path that stands as it is.
 int cfg_get_plain(ReadTarget target, const char *path);
 
-// The decimal value of a node, 0 when it is absent, no number, or could not be read.
+// The decimal value of a node, 0 when it is absent or no number; nothing when it could not be read,
+// after cfg_get's message. For commands that write by what they read.
+[[gnu::format(printf, 1, 2)]] std::optional<int> cfg_read_number(const char *path, ...);
+
+// The same for displays: 0 also when the node could not be read.
 [[gnu::format(printf, 1, 2)]] int cfg_number(const char *path, ...);
 
 // Writes `value` to the node of a formatted path, and first marks the array's configuration as

@@ -9,7 +9,8 @@
 #include <string_view>
 
 // Takes the context, the matched word (lowered; overwritten by the next dispatch level) and the
-// row's subtable. Returns a CliResult.
+// row's subtable. Returns a CliResult. A command that writes by what it reads ends when a read
+// fails: with CLI_REFUSED, silently but for what the read reported, and without a further write.
 using CliHandler = int(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Must be typed in full, and is hidden from listings while the debug level is locked.

@@ -79,6 +79,20 @@ public:
         manner_ = manner;
     }
 
+    // Closes one connection unread, the `number`th from now.
+    void drop(int number) {
+        const std::lock_guard guard(mutex_);
+        dropped_ = connections_ + number;
+    }
+
+    using Nodes = std::map<std::string, std::string>;
+
+    // From now on there are these nodes and no others.
+    void load(const Nodes &nodes) {
+        const std::lock_guard guard(mutex_);
+        nodes_ = nodes;
+    }
+
     // A node's text, "" when there is none.
     [[nodiscard]] std::string node(const std::string &path) const {
         const std::lock_guard guard(mutex_);
@@ -142,7 +156,7 @@ private:
         UniqueFd connection(accept4(listener.get(), nullptr, nullptr, SOCK_CLOEXEC));
         const std::lock_guard guard(mutex_);
         ++connections_;
-        if (connection && manner_ != Manner::HangUp)
+        if (connection && manner_ != Manner::HangUp && connections_ != dropped_)
             clients.push_back({std::move(connection), {}});
     }
 
@@ -241,7 +255,8 @@ private:
     std::thread thread_;
     mutable std::mutex mutex_;
     Manner manner_ = Manner::Proper;
-    std::map<std::string, std::string> nodes_;
+    Nodes nodes_;
     std::vector<std::string> requests_;
     int connections_ = 0;
+    int dropped_ = 0;
 };
