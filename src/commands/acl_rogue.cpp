@@ -52,18 +52,21 @@ void scan_for_access_points() {
     run_command("sh /etc/templates/ap_comp.sh %s", band);
 }
 
-// The columns do not line up with the heading. Meant so.
+// The columns do not line up with the heading. Deliberate. Their nodes are read in their order.
 void print_scan_result(int interface, int index, ReadTarget mac, ReadTarget ssid) {
     static constexpr const char *TYPES[] = {"new    ", "valid  ", "neighbor      ", "rogue  "};
     static constexpr const char *BANDS[] = {"B      ", "G   ", "N   ", "A   "};
     const auto number = [&](const char *field) {
         return cfg_number(SCANNED, interface, index, field);
     };
+    cli_printf("%d       ", index);
+    cli_printf("%s", column_text(TYPES, number("type")));
+    cli_printf("%s", column_text(BANDS, number("band")));
+    cli_printf("%d       ", number("channel"));
+    cli_printf("%d/%%     ", number("rssi"));
     cfg_get(ssid, SCANNED, interface, index, "ssid");
-    cli_printf("%d       %s%s%d       %d/%%     %s   %s  %s\n", index,
-               column_text(TYPES, number("type")), column_text(BANDS, number("band")),
-               number("channel"), number("rssi"), printable_text(ssid), printable_text(mac),
-               number("status") != 0 ? "Up" : "Down");
+    cli_printf("%s   %s  ", printable_text(ssid), printable_text(mac));
+    cli_printf("%s\n", number("status") != 0 ? "Up" : "Down");
 }
 
 // The slot that a scan result is classified in: its own, else the first free one, else the one
@@ -121,13 +124,16 @@ int get_rogue_aps(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer mac;
     if (!mac)
         return refuse(MEMORY_ERROR);
-    for_each_entry(classified_addresses(cli), mac, LIST_BOUND, [&](int index) {
-        const char *type =
-            rogue_type_name(cfg_number(CLASSIFIED, interface_number(cli), index, "type"));
+    for (int index = 1; index <= LIST_BOUND; ++index) {
+        cfg_get(mac, CLASSIFIED, interface_number(cli), index, "mac");
+        // Read also behind the last one.
+        const int type = cfg_number(CLASSIFIED, interface_number(cli), index, "type");
+        if (mac.empty())
+            break;
         cli_printf("rogue ap client%d mac-->%s\n", index, printable_text(mac));
-        if (type != nullptr)
-            cli_printf("rogue ap client%d type-->%s\n", index, type);
-    });
+        if (const char *name = rogue_type_name(type))
+            cli_printf("rogue ap client%d type-->%s\n", index, name);
+    }
     return CLI_DONE;
 }
 

@@ -25,8 +25,8 @@ constexpr StaticColumn MACS = {NumberedList("/lan/dhcp/server/pool:1/staticdhcp/
 
 // `stored` is where the entries are read.
 int add_to_column(const StaticColumn &column, ValueBuffer &stored, const char *text) {
-    // The walk looks one entry further than the pool goes.
-    const ListPlace place = find_in_list(column.list, stored, text, STATIC_LEASE_COUNT + 1);
+    // Entries behind the pool count as duplicates, too.
+    const ListPlace place = find_in_list(column.list, stored, text, LIST_BOUND);
     if (place.end() == ListEnd::Unreadable)
         return CLI_REFUSED;
     if (place.end() == ListEnd::Match)

@@ -113,18 +113,18 @@ int get_slot_wep_key(CliContext &cli, const char *, CliCommand *) {
         return refuse(CANT_ALLOC_MEMORY);
     const int key = slot_number(value, cli, slot, "/wep_key_index");
     const bool used = slot_number(value, cli, slot, "/cipher") != CIPHER_NONE;
+    cfg_get(value, "/wlan/inf:%d/wepkey:%d", interface_number(cli), key);
+    const int format = cfg_number("/wlan/inf:%d/wepkey:%d/keyformat", interface_number(cli), key);
+    const int length = cfg_number("/wlan/inf:%d/wepkey:%d/keylength", interface_number(cli), key);
+
     const auto show = [&](const char *subject, const char *text) {
         cli_printf("%s of Multi-SSID (index %d) is %s\n", subject, slot.number, used ? text : "");
     };
-
     DecimalText number;
     show("Default WEP Key Index", number.of(key));
-    cfg_get(value, "/wlan/inf:%d/wepkey:%d/keylength", interface_number(cli), key);
-    show("WEP Key Length", number.of(value.number()));
-    cfg_get(value, "/wlan/inf:%d/wepkey:%d/keyformat", interface_number(cli), key);
-    const char *format = key_format_name(value.number());
-    show("WEP Key Entry Method", format != nullptr ? format : "error");
-    cfg_get(value, "/wlan/inf:%d/wepkey:%d", interface_number(cli), key);
+    show("WEP Key Length", number.of(length));
+    const char *method = key_format_name(format);
+    show("WEP Key Entry Method", method != nullptr ? method : "error");
     show("WEP Key", value.text());
     return CLI_DONE;
 }

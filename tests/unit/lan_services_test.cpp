@@ -70,6 +70,39 @@ TEST_F(LanServices, ListsOfTheRadioEndWhereTheyAreFull) {
     EXPECT_EQ(lines("get acl-table"), 512);
     EXPECT_EQ(lines("get macaddrlist"), 513);
     EXPECT_EQ(lines("get intrusion"), 2 + 64);
+    // Whether it is full is told behind the last entry.
+    daemon_.take_requests();
+    EXPECT_EQ(run("set macaddradd 00:11:22:33:44:55").result, CLI_REFUSED);
+    EXPECT_EQ(daemon_.take_requests().back(), "get /wlan/inf:1/acl/mac:257");
+}
+
+TEST_F(LanServices, NodesAreReadInTheOrderOfTheColumns) {
+    const RecordingShell shell;
+    for (const char *node :
+         {"/runtime/wlan/inf:1/rogue_ap/client:1/mac", "/wlan/inf:1/rogue_ap/client:1/mac"})
+        daemon_.put(node, "ap");
+    daemon_.put("/runtime/wlan/inf:1/rogue_ap/client:3/mac", "other ap");
+    daemon_.put("/wlan/inf:1/multi/index:1/wep_key_index", "2");
+    const std::pair<const char *, const char *> READS[] = {
+        {"get intrusion", "client:1/mac client:1/type client:1/band client:1/channel client:1/rssi "
+                          "client:1/ssid client:1/status client:2/mac "},
+        {"get rogue_ap", "client:1/mac client:1/type client:2/mac client:2/type "},
+        {"get multi-wepkey 1", "index:1/wep_key_index index:1/cipher inf:1/wepkey:2 "
+                               "wepkey:2/keyformat wepkey:2/keylength "},
+        {"set intrusion 3 1", "client:3/mac client:1/mac client:3/mac client:2/mac client:3/mac "
+                              "client:3/ssid client:3/channel client:3/band client:3/time "
+                              "client:3/status "},
+    };
+    for (const auto &[line, expected] : READS) {
+        daemon_.take_requests();
+        run(line);
+        std::string reads;
+        for (const std::string &request : daemon_.take_requests()) {
+            if (request.starts_with("get ") && !request.starts_with("get /aparray/"))
+                reads += request.substr(request.rfind('/', request.rfind('/') - 1) + 1) + ' ';
+        }
+        EXPECT_EQ(reads, expected) << line;
+    }
 }
 
 // What they print is to be seen in the console sessions.
