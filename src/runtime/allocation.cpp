@@ -1,5 +1,5 @@
 // The program's operator new: the C library's allocator, without the C++ library behind it.
-// Every allocation is std::nothrow; a throwing one would not link.
+// Every allocation is std::nothrow; a throwing one would need that library.
 #include <cstdlib>
 #include <new>
 

@@ -1,0 +1,27 @@
+// Where the C++ library's checks of arguments end. Optimised code has none of them left; without
+// optimisation, or with _GLIBCXX_ASSERTIONS, they stay and call these functions. Each says on
+// standard error what failed and aborts.
+#include <cstdarg>
+#include <cstdio>
+#include <cstdlib>
+
+// NOLINTBEGIN(readability-identifier-naming): the library's names
+namespace std {
+
+[[noreturn]] void __throw_out_of_range_fmt(const char *format, ...) {
+    std::va_list values;
+    va_start(values, format);
+    std::vfprintf(stderr, format, values);
+    va_end(values);
+    std::fputc('\n', stderr);
+    std::abort();
+}
+
+[[noreturn]] void __glibcxx_assert_fail(const char *file, int line, const char *function,
+                                        const char *condition) noexcept {
+    std::fprintf(stderr, "%s:%d: %s: '%s' does not hold\n", file, line, function, condition);
+    std::abort();
+}
+
+} // namespace std
+// NOLINTEND(readability-identifier-naming)
