@@ -7,6 +7,7 @@
 #   --trace    show after each command what it wrote and which command lines it ran
 #   --record   write the session to FILE as a transcript
 #   --state    keep the device's files in DIRECTORY instead of .wap/state
+#   --help     show this
 #
 # Settings that were saved (set apply saves them) are there again at the next start. Standard input
 # may be a pipe; standard output is the console's alone; the exit status is the console's.
@@ -14,6 +15,7 @@ set -eu
 
 usage() {
     echo "usage: ./run.sh [--factory] [--trace] [--record FILE] [--state DIRECTORY]" >&2
+    echo "       ./run.sh --help" >&2
     exit 2
 }
 
@@ -27,6 +29,10 @@ absolute() {
 factory='' trace='' record='' state=''
 while [ $# -gt 0 ]; do
     case $1 in
+    --help | -h)
+        sed -n '/^# usage: /,/^[^#]/s/^# \{0,1\}//p' "$0"
+        exit
+        ;;
     --factory) factory=--factory ;;
     --trace) trace=--trace ;;
     --record | --state)
@@ -42,24 +48,27 @@ while [ $# -gt 0 ]; do
     shift
 done
 
-cd "$(dirname "$0")"
+cd -P "$(dirname "$(readlink -f "$0")")"
 build=build/release
 : "${state:=$PWD/.wap/state}"
 
-# quietly COMMAND...: its output only when it fails.
-quietly() {
-    if ! "$@" >"$log" 2>&1 </dev/null 9>&-; then
-        cat "$log" >&2
-        echo "run.sh: '$*' failed" >&2
+# Reads what a build prints. A terminal shows its last line, in place, as progress; when the build
+# failed, which a last line says, all of it is shown.
+show_build() {
+    columns=''
+    [ ! -t 2 ] || columns=$(stty size <&2 2>/dev/null | cut -d ' ' -f 2)
+    [ "$columns" != 0 ] || columns=80
+    log='' line=''
+    while IFS= read -r line; do
+        log="$log$line
+"
+        [ -z "$columns" ] || printf "\r%-$((columns - 1)).$((columns - 1))s" "$line" >&2
+    done
+    [ -z "$columns" ] || printf "\r%$((columns - 1))s\r" '' >&2
+    if [ "$line" = "$failed" ]; then
+        printf '%s' "$log" >&2
         exit 1
     fi
-}
-
-# True when the build directory is configured and not older than the list of packages, which are
-# all there then.
-configured() {
-    [ -f $build/build.ninja ] && command -v bwrap >/dev/null &&
-        [ -z "$(find tools/packages.txt -newer $build/build.ninja)" ]
 }
 
 runs() {
@@ -67,18 +76,13 @@ runs() {
 }
 
 build() {
-    log=$build/run.log
-    mkdir -p $build
-    exec 9>$build/run.lock # builds of one tree take turns
-    flock 9
-    if ! configured; then
+    if [ ! -f $build/build.ninja ]; then
         device/enter --check >/dev/null
         echo "Building the console and the stand-in device ..." >&2
-        tools/install-packages run </dev/null >&2
-        quietly cmake --preset release
     fi
-    quietly cmake --build $build --target wap-cli device_root
-    exec 9>&-
+    tools/install-packages run </dev/null >&2
+    failed="run.sh: the build failed"
+    { tools/build release --target wap-cli device_root </dev/null || echo "$failed"; } | show_build
 }
 
 # A device that runs keeps the programs that it was started with.

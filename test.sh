@@ -5,23 +5,46 @@
 # usage: ./test.sh [--quick]
 #        ./test.sh --update-transcripts [NAME]
 #        ./test.sh --fuzz MINUTES
+#        ./test.sh --help
 #
-#   --quick               the release build's tests and the format only
-#   --update-transcripts  rewrite the transcripts (or the one named) with what really happens
-#   --fuzz                run each fuzz target for so long
+#   --quick               the inner loop: the format, and the release build's tests but for those
+#                         that take long (soak, valgrind)
+#   --update-transcripts  rewrite the transcripts, or tests/transcripts/NAME.txt alone, with what
+#                         really happens
+#   --fuzz                run each fuzz target for MINUTES
+#   --help                show this
 #
 # Everything is built below build/, one directory a preset; what is up to date is not built or
 # checked again. WAP_KEEP_STATE and WAP_TIME_SCALE: see tests/transcripts/README.md.
 set -u
-cd "$(dirname "$0")" || exit 1
-
-jobs=$(nproc)
-suite=$PWD/build/suite
 
 usage() {
     sed -n 's/^# usage: /usage: /p; s/^#        \.\//       .\//p' "$0" >&2
     exit 2
 }
+
+mode=${1-}
+case $mode in
+--help | -h)
+    [ $# -eq 1 ] || usage
+    sed -n '/^# usage: /,/^[^#]/s/^# \{0,1\}//p' "$0"
+    exit
+    ;;
+'' | --quick) [ $# -le 1 ] || usage ;;
+--update-transcripts) [ $# -le 2 ] || usage ;;
+--fuzz)
+    case ${2-} in
+    '' | *[!0-9]*) usage ;;
+    *[1-9]*) [ $# -eq 2 ] || usage ;;
+    *) usage ;;
+    esac
+    ;;
+*) usage ;;
+esac
+
+cd -P "$(dirname "$(readlink -f "$0")")" || exit 1
+jobs=$(nproc)
+suite=$PWD/build/suite
 
 # stage NAME COMMAND...: runs a command ahead of CTest; its result counts as a test of that name.
 stage() {
@@ -47,42 +70,41 @@ new_suite() {
     : >"$suite/CTestTestfile.cmake"
 }
 
-configure_and_build() {
-    preset=$1
-    shift
-    cmake --preset "$preset" && cmake --build "build/$preset" --parallel "$jobs" "$@"
-}
-
 # suite_of PRESET [BUILD OPTION...]: builds a preset and adds its tests to the suite.
 suite_of() {
-    stage "build.$1" configure_and_build "$@"
-    echo "subdirs(\"../$1\")" >>"$suite/CTestTestfile.cmake"
+    preset=$1
+    shift
+    stage "build.$preset" tools/build "$preset" --parallel "$jobs" "$@"
+    echo "subdirs(\"../$preset\")" >>"$suite/CTestTestfile.cmake"
 }
 
 run_suite() {
     ctest --test-dir "$suite" --parallel "$jobs" --output-on-failure --no-tests=error "$@"
 }
 
+format() {
+    find src device tests tools bench -name '*.cpp' -o -name '*.h' |
+        xargs clang-format --dry-run -Werror
+}
+
+# Versions of the formatter differ in what they want. The tree follows the one that .clang-format
+# names; another one decides nothing.
 check_format() {
-    git ls-files '*.cpp' '*.h' | xargs clang-format --dry-run -Werror
+    wanted=$(sed -n 's/^# clang-format //p' .clang-format)
+    case $(clang-format --version) in
+    *"version $wanted."*) stage format format ;;
+    *) echo "== format ... not checked: that takes clang-format $wanted" ;;
+    esac
 }
 
-# clang-tidy runs beside the compiler, so that the build system knows what is still clean.
-check_tidy() {
-    [ ! .clang-tidy -nt build/tidy/build.ninja ] || rm -rf build/tidy
-    cmake --preset release -B build/tidy -D CMAKE_BUILD_TYPE=Debug \
-        -D CMAKE_CXX_CLANG_TIDY='clang-tidy;--quiet' &&
-        cmake --build build/tidy --parallel "$jobs" -- -k 0 --quiet
-}
-
-has_fuzz_targets() {
-    [ -n "$(find tests/fuzz -name '*_fuzz.cpp')" ]
+# The linter runs beside this preset's compiler, so that the build system knows what is still clean.
+check_asan_and_lint() {
+    [ -z "$(find .clang-tidy tests/.clang-tidy -newer build/asan/build.ninja 2>/dev/null)" ] ||
+        rm -rf build/asan
+    suite_of asan -- -k 0
 }
 
 fuzz() {
-    case ${1-} in
-    '' | 0 | *[!0-9]*) usage ;;
-    esac
     new_suite
     suite_of fuzz --target fuzz_targets
     cmake -D "WAP_FUZZ_SECONDS=$(($1 * 60))" build/fuzz >"$suite/fuzz.log" &&
@@ -94,44 +116,51 @@ fuzz() {
 
 update_transcripts() {
     new_suite
-    stage build.release configure_and_build release || exit 1
-    if [ $# -gt 0 ]; then
-        set -- "tests/transcripts/${1%.txt}.txt"
-    else
-        set -- tests/transcripts/*.txt
-    fi
+    stage build.release tools/build release --parallel "$jobs" || exit 1
+    [ $# -gt 0 ] || set -- tests/transcripts/*.txt
     build/release/tests/transcript_test --enter device/enter --root build/release/device/root \
         --program build/release/src/wap-cli --update "$@"
     exit
 }
 
-run_tests() {
-    new_suite
-    stage format check_format
-    suite_of release
-    if [ "$1" = all ]; then
-        suite_of asan
-        suite_of mips
-        ! has_fuzz_targets || suite_of fuzz --target fuzz_targets
-        stage tidy check_tidy
-    fi
-    run_suite
-    exit
+# need GROUP...: what this system must allow, and the packages.
+need() {
+    device/enter --check >/dev/null || exit 1
+    tools/install-packages "$@" </dev/null || exit 1
 }
 
-device/enter --check >/dev/null || exit 1
-packages='run test'
-[ $# -gt 0 ] || packages="$packages cross"
-! has_fuzz_targets || packages="$packages fuzz"
-# shellcheck disable=SC2086 # a list of groups
-tools/install-packages $packages </dev/null || exit 1
-case ${1-} in
-'') run_tests all ;;
---quick) run_tests quick ;;
+case $mode in
+--quick)
+    need run quick
+    new_suite
+    check_format
+    suite_of release
+    run_suite --exclude-regex '\.(soak|valgrind)$'
+    ;;
 --update-transcripts)
     shift
+    if [ $# -gt 0 ]; then
+        set -- "tests/transcripts/${1%.txt}.txt"
+        if [ ! -f "$1" ]; then
+            echo "test.sh: no transcript $1" >&2
+            exit 2
+        fi
+    fi
+    need run quick
     update_transcripts "$@"
     ;;
---fuzz) fuzz "${2-}" ;;
-*) usage ;;
+--fuzz)
+    need run quick fuzz
+    fuzz "$2"
+    ;;
+*)
+    need run quick test cross fuzz
+    new_suite
+    check_format
+    suite_of release
+    check_asan_and_lint
+    suite_of mips
+    suite_of fuzz --target fuzz_targets
+    run_suite
+    ;;
 esac
