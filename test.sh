@@ -97,11 +97,11 @@ check_format() {
     esac
 }
 
-# The linter runs beside this preset's compiler, so that the build system knows what is still clean.
-check_asan_and_lint() {
-    [ -z "$(find .clang-tidy tests/.clang-tidy -newer build/asan/build.ninja 2>/dev/null)" ] ||
-        rm -rf build/asan
-    suite_of asan -- -k 0
+# The linter runs beside the compiler, so that the build system knows what is still clean.
+build_checked() {
+    [ -z "$(find .clang-tidy tests/.clang-tidy -newer build/checked/build.ninja 2>/dev/null)" ] ||
+        rm -rf build/checked
+    suite_of checked -- -k 0
 }
 
 fuzz() {
@@ -158,7 +158,7 @@ case $mode in
     new_suite
     check_format
     suite_of release
-    check_asan_and_lint
+    build_checked
     suite_of mips
     suite_of fuzz --target fuzz_targets
     run_suite
