@@ -24,15 +24,15 @@ A line is split at blanks. There are no quotes and no escapes, so that a word ne
 an SSID or a passphrase with blanks cannot be typed here. Only ASCII can be typed; other characters
 are ignored.
 .PP
-Each word of a command is matched by itself, in capitals or not: by a name that it spells in full,
-else by the names that share its beginning. Of several the one that shares most is taken, and of
-these the first in the order of
-.BR help .
-That is not always harmless:
+Each word of a command is matched by itself, in capitals or not: a name that it spells in full is
+taken, else the first name that begins with it, in the order of
+.BR help ,
+however many others do. That is not always harmless:
 .B r
 reboots the device, and
 .B "set a"
-applies the settings. Tab shows what a word may become.
+applies the settings. Tab shows what a word may become. The words behind a command are taken as they
+are typed.
 .PP
 The name of a family alone, such as
 .B set

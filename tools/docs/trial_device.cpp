@@ -27,7 +27,8 @@ struct TrialDevice {
     std::string etc;
     NodeTree first_start; // what the database holds then
     NodeTree nodes;
-    Answer answer; // to the line that runs
+    bool has_changed = true; // since the first start
+    Answer answer;           // to the line that runs
 };
 TrialDevice device;
 
@@ -49,6 +50,7 @@ int text_file(std::string_view text) {
 
 void write_node(const std::string &path, const std::string &value) {
     device.nodes.set(path, value);
+    device.has_changed = true;
     record("wrote", path + " = " + value);
 }
 
@@ -108,7 +110,9 @@ bool use_trial_settings(const std::string &etc) {
 }
 
 void restart_trial_device() {
-    device.nodes = device.first_start;
+    if (device.has_changed)
+        device.nodes = device.first_start;
+    device.has_changed = false;
     pending_apply = 0;
     array_cfg_dirty = 0;
     operating_band = 0;
@@ -161,6 +165,7 @@ int xmldb_set(const UniqueFd &, std::uint32_t, const char *path, const char *val
 
 int xmldb_del(const UniqueFd &, std::uint32_t, const char *path) {
     device.nodes.remove(path);
+    device.has_changed = true;
     record("deleted", path);
     return 0;
 }
