@@ -1,0 +1,43 @@
+// Running lines against the command tables, one after another.
+#pragma once
+
+#include "shell/command.h"
+#include "shell/line_editor.h"
+
+#include <memory>
+
+class LineRunner {
+public:
+    // Lines begin in the table `root`.
+    explicit LineRunner(CliCommand *root) : root_(root) {}
+
+    // Allocates what every line needs. False, after reporting it on standard error, when there is
+    // no memory; nothing else may be called then.
+    bool start();
+
+    // The line's memory. It may change with each line that is run.
+    [[nodiscard]] char (&line())[LINE_BUFFER_SIZE] { return line_->text; }
+
+    [[nodiscard]] CliContext &context() { return *cli_; }
+
+    // Splits the line into the context's words, in place.
+    void split() { split_line(*cli_, line_->text); }
+
+    // Whether the words' first one names the row of this handler in the root table.
+    [[nodiscard]] bool names(CliHandler *handler);
+
+    // Dispatches the words, and makes line and context ready for the next line. Returns the
+    // dispatcher's result.
+    int dispatch();
+
+private:
+    struct LineBuffer {
+        char text[LINE_BUFFER_SIZE];
+    };
+
+    static std::unique_ptr<LineBuffer> allocate_line();
+
+    CliCommand *root_;
+    std::unique_ptr<LineBuffer> line_;
+    std::unique_ptr<CliContext> cli_;
+};
