@@ -5,6 +5,7 @@
 #include "config/node_access.h"
 
 std::uint32_t pending_apply = 0;
+unsigned applies_run = 0;
 
 namespace {
 
@@ -85,6 +86,7 @@ void raise_array_version() {
 } // namespace
 
 bool apply_changes() {
+    ++applies_run;
     const std::uint32_t bits = pending_apply;
     if (bits != 0) {
         save_configuration();

@@ -19,6 +19,10 @@ enum ApplyBit : std::uint32_t {
 // What apply_changes must restart; handlers add their bits.
 extern std::uint32_t pending_apply;
 
+// How often apply_changes ran. At the console a `set apply` with nothing to apply counts as
+// refused; a script compares this number to tell.
+extern unsigned applies_run;
+
 // Saves the configuration and runs the service scripts of every pending bit in their fixed order,
 // then clears the bits. Whether or not a bit was set, a changed array configuration gets its
 // version raised by one. Returns true when a bit was set. Exit statuses are ignored.

@@ -2,11 +2,14 @@
 
 #include "config/pipe.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
+#include <sys/wait.h>
 
 unsigned command_lines_run = 0;
+unsigned command_lines_interrupted = 0;
 
 namespace {
 
@@ -16,6 +19,12 @@ bool may_run(const CommandLine &line) {
     if (!line.is_whole())
         std::fputs("Command line too long.\n", stderr);
     return line.is_whole();
+}
+
+// A shell that the line left in charge may end by the signal or report it.
+bool is_interrupted(int status) {
+    return WIFSIGNALED(status) ? WTERMSIG(status) == SIGINT
+                               : WIFEXITED(status) && WEXITSTATUS(status) == 128 + SIGINT;
 }
 
 } // namespace
@@ -32,6 +41,8 @@ int run_command_line(const CommandLine &line) {
     if (!may_run(line))
         return -1;
     const int status = std::system(line.text());
+    if (is_interrupted(status))
+        ++command_lines_interrupted;
     make_output_blocking();
     return status;
 }

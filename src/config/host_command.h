@@ -7,6 +7,9 @@
 // How many command lines were run. Each may have read from standard input, which it shares.
 extern unsigned command_lines_run;
 
+// How many of those that were not captured ended by the keyboard's interrupt.
+extern unsigned command_lines_interrupted;
+
 // Makes standard output and error wait for whoever reads them. The program itself never asks for
 // anything else, but a tool may leave a terminal or pipe that it shares in non-blocking mode, where
 // text that does not fit at once would be lost.

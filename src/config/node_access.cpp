@@ -7,6 +7,8 @@
 #include <cstdio>
 #include <cstring>
 
+unsigned node_failures = 0;
+
 namespace {
 
 struct NodePath {
@@ -18,6 +20,7 @@ struct NodePath {
 };
 
 int fail(const char *message) {
+    ++node_failures;
     flush_output();
     std::perror(message);
     return -1;

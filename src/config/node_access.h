@@ -10,6 +10,9 @@
 // Node paths expand to at most this many characters.
 inline constexpr std::size_t NODE_PATH_LIMIT = 4095;
 
+// How many failures were reported.
+extern unsigned node_failures;
+
 // Reads the node of a formatted path into `target` with one read; a longer value is cut at the
 // target's limit. The text always ends, and is empty when the read failed. Returns 0; or -1 after
 // "Cannot open database.", "Get ERROR!" or "Read database failed.".
