@@ -148,8 +148,7 @@ int set_rogue_ap(CliContext &cli, const char *, CliCommand *) {
     // Interface 1 for both bands. Meant so.
     cfg_set(type, "/wlan/inf:1/rogue_ap/client:%s/type", index);
     cfg_set(mac, "/wlan/inf:1/rogue_ap/client:%s/mac", index);
-    pending_apply |= APPLY_APSCAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_APSCAN);
 }
 
 int get_intrusion(CliContext &cli, const char *, CliCommand *) {

@@ -17,8 +17,7 @@ int add_address(const AddressList &list, ReadTarget value, const char *address) 
     if (!vacancy)
         return CLI_REFUSED;
     list.entries.write(*vacancy, address);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int delete_address(const AddressList &list, ReadTarget value, const char *address) {
@@ -29,6 +28,5 @@ int delete_address(const AddressList &list, ReadTarget value, const char *addres
     if (!match)
         return refuse("error macaddrdel!\n"); // whatever kind of address. Deliberate.
     list.entries.remove(*match);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }

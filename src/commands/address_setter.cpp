@@ -9,8 +9,7 @@ namespace {
 
 int write_address(const Ipv4Text &address, const char *path, std::uint32_t apply_bits) {
     cfg_set_plain(address.data(), path);
-    pending_apply |= apply_bits;
-    return CLI_DONE;
+    return mark_for_apply(apply_bits);
 }
 
 } // namespace

@@ -39,7 +39,7 @@ const SyncItem &typed_sync_item() {
 int write_sync_flag(bool on) {
     const SyncItem &item = typed_sync_item();
     cfg_set_plain(on ? "1" : "0", item.node);
-    pending_apply |= APPLY_NEAPC;
+    mark_for_apply(APPLY_NEAPC);
     // One of the 64 messages has two blanks. Meant so.
     const bool two_blanks = !on && std::strcmp(item.word, "ssid") == 0;
     cli_printf("Ap Array Sync %c%s%s State: %s\n",
@@ -58,8 +58,7 @@ int set_array_name(CliContext &cli, const char *, CliCommand *) {
     if (std::strlen(name) > ARRAY_NAME_LIMIT)
         return refuse("No arrayname!\n");
     cfg_set(name, "/wlan/inf:1/arrayname");
-    pending_apply |= APPLY_NEAPC;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_NEAPC);
 }
 
 int get_array_role(CliContext &, const char *, CliCommand *) {

@@ -37,21 +37,19 @@ int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
         return refuse_add();
     RULE_ADDRESS.write(*rule, ipv4_text(address).data());
     RULE_MAC.write(*rule, mac.data());
-    pending_apply |= APPLY_ARPSPOOF;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_ARPSPOOF);
 }
 
 int delete_arp_rule(CliContext &cli, const char *, CliCommand *) {
     if (!is_only_word_in(cli, 1, RULES))
         return refuse("set arpspoofing del <index>(1~8)\n"); // "del". Meant so.
     RULE.remove(decimal_value(arg_next(cli)));
-    pending_apply |= APPLY_ARPSPOOF;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_ARPSPOOF);
 }
 
 int delete_arp_rules(CliContext &, const char *, CliCommand *) {
     cfg_del("/arpspoofing/static");
-    pending_apply |= APPLY_ARPSPOOF;
+    mark_for_apply(APPLY_ARPSPOOF);
     cli_printf("ARP Spoofing List is Null!\n");
     return CLI_DONE;
 }

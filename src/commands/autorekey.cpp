@@ -71,8 +71,7 @@ int set_rekey_time(CliContext &cli, const char *, CliCommand *) {
     cfg_set(arg_next(cli), "/wlan/inf:%d/autorekey/time", interface);
     cfg_set(arg_next(cli), "/wlan/inf:%d/autorekey/startweek", interface);
     cfg_set(arg_next(cli), "/wlan/inf:%d/autorekey/starttime", interface);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int set_rekey_ssid(CliContext &cli, const char *, CliCommand *) {
@@ -87,8 +86,7 @@ int set_rekey_ssid(CliContext &cli, const char *, CliCommand *) {
         cfg_set(state, "/wlan/inf:1/autorekey/ssid/enable");
     else
         cfg_set(state, "/wlan/inf:1/multi/index:%d/autorekey/enable", ssid);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int set_rekey_mail(CliContext &cli, const char *, CliCommand *) {
@@ -108,8 +106,7 @@ int set_rekey_mail(CliContext &cli, const char *, CliCommand *) {
          {"mailserver", "fromemail", "toemail", "username", "pass1", "mailport"})
         write_mail_field(profile, field, arg_next(cli));
     reset_first_rekey();
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int get_rekey(CliContext &cli, const char *, CliCommand *) {

@@ -129,8 +129,7 @@ int set_channel(CliContext &cli, const char *, CliCommand *) {
     if (!table_holds(band == 0 ? CHANNELS_2G : CHANNELS_5G, channel))
         return refuse_channel_number();
     cfg_set(word, "/wlan/inf:1/channel"); // interface 1 for both bands. Meant so.
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int get_available_channels(CliContext &, const char *, CliCommand *) {
@@ -142,8 +141,7 @@ int set_country(CliContext &, const char *, CliCommand *) {
     const Country &country = typed_item(SETTABLE_COUNTRIES, country_rows);
     run_command("mfc setcountrycode %d", country.code);
     cfg_set_number(country.code, "/runtime/layout/countrycode");
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int get_country(CliContext &, const char *, CliCommand *) {

@@ -35,14 +35,12 @@ int add_to_column(const StaticColumn &column, ValueBuffer &stored, const char *t
     if (!vacancy || *vacancy > STATIC_LEASE_COUNT)
         return refuse("%s", column.full);
     column.list.write(*vacancy, text);
-    pending_apply |= APPLY_DHCPD;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_DHCPD);
 }
 
 int switch_static_lease(const StaticLease &lease, const char *state) {
     cfg_set(state, "/lan/dhcp/server/pool:1/staticdhcp/entry:%d/enable", lease.number);
-    pending_apply |= APPLY_DHCPD;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_DHCPD);
 }
 
 } // namespace
@@ -51,8 +49,7 @@ int set_dhcp_leasetime(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 1)
         return refuse("Error setting.\n");
     cfg_set(arg_next(cli), "/lan/dhcp/server/pool:1/leasetime");
-    pending_apply |= APPLY_DHCPD;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_DHCPD);
 }
 
 int enable_static_lease(CliContext &, const char *, CliCommand *) {

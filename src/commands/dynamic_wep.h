@@ -40,7 +40,7 @@ inline constexpr SlotDisplay SHOWN_DYNAMIC_WEP_INTERVAL{
 // Runs a command line as run_fixed does and marks the wireless service for restart.
 template <FixedText Command>
 int run_wlan_setting(CliContext &cli, const char *word, CliCommand *subtable) {
-    pending_apply |= APPLY_WLAN;
+    mark_for_apply(APPLY_WLAN);
     return run_fixed<Command>(cli, word, subtable);
 }
 

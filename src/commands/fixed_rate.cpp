@@ -30,8 +30,7 @@ int set_fixed_rate(CliContext &cli, const char *, CliCommand *) {
     const int code = rate_code(cli, rate);
     if (code != NO_RATE_CODE)
         cfg_set_number(code, "/wlan/inf:%d/fixedrate", interface_number(cli));
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int get_fixed_rate(CliContext &cli, const char *, CliCommand *) {

@@ -16,7 +16,7 @@ const char *switch_name(int number) {
 int write_fixed_value(const CliContext &cli, const char *path, const char *value,
                       std::uint32_t apply_bits, const char *message) {
     cfg_set(value, path, interface_number(cli));
-    pending_apply |= apply_bits;
+    mark_for_apply(apply_bits);
     cli_printf("%s", message);
     return CLI_DONE;
 }
@@ -60,8 +60,7 @@ int write_word_in_range(const CliContext &cli, const char *path, std::uint32_t l
         return refusal;
     }
     cfg_set(word, path, interface_number(cli));
-    pending_apply |= apply_bits;
-    return CLI_DONE;
+    return mark_for_apply(apply_bits);
 }
 
 int run_fixed_command(const CliContext &cli, const char *command) {

@@ -135,7 +135,7 @@ int set_key(CliContext &cli, const char *, CliCommand *) {
     cfg_set(key, "/wlan/inf:1/wepkey:%d", index);
     // An ASCII key restarts nothing. Deliberate.
     if (format == FORMAT_HEXADECIMAL)
-        pending_apply |= APPLY_WLAN;
+        mark_for_apply(APPLY_WLAN);
     return write_slot_copies(index, {{"wep_key", key}});
 }
 
@@ -148,7 +148,7 @@ int delete_key(CliContext &cli, const char *, CliCommand *) {
     cfg_set("", "/wlan/inf:1/wepkey:%d", index);
     cfg_set("2", "/wlan/inf:1/wepkey:%d/keyformat", index);
     cfg_set("64", "/wlan/inf:1/wepkey:%d/keylength", index);
-    pending_apply |= APPLY_WLAN;
+    mark_for_apply(APPLY_WLAN);
     const std::optional<int> in_use = default_key();
     if (!in_use)
         return CLI_REFUSED;
@@ -172,7 +172,7 @@ int change_key_attribute(CliContext &cli, const KeyAttribute &attribute, const c
     if (current.number() == decimal_value(value))
         return CLI_DONE;
     cfg_set("", "/wlan/inf:1/wepkey:%d", index);
-    pending_apply |= APPLY_WLAN;
+    mark_for_apply(APPLY_WLAN);
     const std::optional<int> in_use = default_key();
     if (!in_use)
         return CLI_REFUSED;
@@ -194,7 +194,7 @@ int set_default_key(CliContext &cli, const char *, CliCommand *) {
     if (!value)
         return refuse(MEMORY_ERROR);
     cfg_set_number(index, "/wlan/inf:1/defkey");
-    pending_apply |= APPLY_WLAN;
+    mark_for_apply(APPLY_WLAN);
     for (const KeyAttribute &attribute : {KEY_FORMAT, KEY_LENGTH}) {
         if (cfg_get(value, "/wlan/inf:1/wepkey:%d/%s", index, attribute.leaf) != 0)
             return CLI_REFUSED;

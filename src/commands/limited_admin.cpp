@@ -32,7 +32,7 @@ PoolSearch find_pool() {
 void write_pool(int pool, const char *start, const char *end) {
     cfg_set(start, "/sys/adminlimit/ipentry/index:%d/ippoolstart", pool);
     cfg_set(end, "/sys/adminlimit/ipentry/index:%d/ippoolend", pool);
-    pending_apply |= APPLY_WAN;
+    mark_for_apply(APPLY_WAN);
 }
 
 int refuse_type() {
@@ -51,8 +51,7 @@ int switch_vlan_off() {
         return CLI_DONE;
     cli_printf("If admin vlan enable, vlan status will be disable.\n");
     cfg_set("0", "/sys/vlan_state");
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 // Takes the pools out of the type when there is none.
@@ -92,7 +91,7 @@ int set_admin_limit_type(CliContext &cli, const char *, CliCommand *) {
         return CLI_DONE;
     }
     cfg_set(word, ADMIN_LIMIT_TYPE);
-    pending_apply |= APPLY_WAN;
+    mark_for_apply(APPLY_WAN);
     return includes_limit(type, LIMITED_BY_VLAN) ? switch_vlan_off() : CLI_DONE;
 }
 
@@ -102,8 +101,7 @@ int set_admin_limit_vid(CliContext &cli, const char *, CliCommand *) {
         return CLI_DONE;
     }
     cfg_set(arg_next(cli), "/sys/adminlimit/vlanid");
-    pending_apply |= APPLY_WAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WAN);
 }
 
 int add_admin_pool(CliContext &cli, const char *, CliCommand *) {

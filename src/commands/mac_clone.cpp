@@ -27,7 +27,7 @@ int set_clone_type(CliContext &cli, const char *, CliCommand *) {
         if (std::strcmp(word, type) != 0)
             continue;
         cfg_set_number(&type - CLONE_TYPES, "/wlan/inf:1/macclone/type");
-        pending_apply |= APPLY_WLAN;
+        mark_for_apply(APPLY_WLAN);
         print_clone_type(type);
         return CLI_DONE;
     }
@@ -45,8 +45,7 @@ int set_clone_address(CliContext &cli, const char *, CliCommand *) {
     }
     cfg_set(address.data(), "/wlan/inf:1/macclone/addr");
     cli_printf("MAC clone address: %s\n", address.data());
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int get_clone_type(CliContext &, const char *, CliCommand *) {

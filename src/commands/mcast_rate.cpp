@@ -98,8 +98,7 @@ int set_mcast_rate(CliContext &cli, const Band &band) {
         return CLI_DONE;
     }
     cfg_set(index, "/wlan/inf:1/%s", band.node);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 } // namespace

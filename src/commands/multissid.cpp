@@ -42,7 +42,7 @@ int enable_multi_ssid(CliContext &cli, const char *, CliCommand *) {
         return CLI_REFUSED;
     const int mode = value.number();
     cfg_set("1", "/wlan/inf:%d/multi/state", interface_number(cli));
-    pending_apply |= APPLY_WLAN;
+    mark_for_apply(APPLY_WLAN);
     if (mode != MODE_AP && mode != MODE_WDS_AP && mode != MODE_WDS) {
         cfg_set_number(MODE_AP, "/wlan/inf:%d/ap_mode", interface_number(cli));
         cli_printf("Set AP mode as normal AP mode \n");
@@ -56,7 +56,7 @@ int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
     if (!take_only_slot(cli, slot, AUTHENTICATION_SLOT_NOT_SPECIFIED))
         return CLI_DONE;
     write_slot(DecimalText().of(type.value), cli, slot, "/auth");
-    pending_apply |= APPLY_WLAN;
+    mark_for_apply(APPLY_WLAN);
     cli_printf("Authentication of Multi-SSID (index %d) is %s\n", slot.number, type.confirmed);
     return CLI_DONE;
 }
@@ -79,7 +79,7 @@ int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
         cli_printf("This cipher selection is not supported by \n%s",
                    authentication_line(authentication));
     }
-    pending_apply |= APPLY_WLAN; // also after a refusal. Meant so.
+    mark_for_apply(APPLY_WLAN); // also after a refusal. Meant so.
     return CLI_DONE;
 }
 
@@ -91,8 +91,7 @@ int set_slot_cipher_none(CliContext &cli, const char *, CliCommand *) {
     write_slot("0", cli, slot, "/auth");
     confirm_cipher(slot, "None");
     cli_printf("NOTICE: Authentication Type is set to Open-System\n");
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int get_priority(CliContext &cli, const char *, CliCommand *) {

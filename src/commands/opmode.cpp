@@ -53,7 +53,7 @@ const char *client_mode_name() {
 
 int set_client_mode(CliContext &cli, const char *, CliCommand *) {
     cfg_set_number(MODE_CLIENT, "/wlan/inf:%d/ap_mode", interface_number(cli));
-    pending_apply |= APPLY_WLAN;
+    mark_for_apply(APPLY_WLAN);
     if (switch_off_multi_ssid(cli) != CLI_DONE)
         return CLI_REFUSED;
     return keep_security_supported(cli, MODE_CLIENT);
@@ -63,7 +63,7 @@ int set_wds_ap_mode(CliContext &cli, const char *, CliCommand *) {
     if (check_wds_offered() != CLI_DONE)
         return CLI_REFUSED;
     cfg_set_number(MODE_WDS_AP, "/wlan/inf:%d/ap_mode", interface_number(cli));
-    pending_apply |= APPLY_WLAN;
+    mark_for_apply(APPLY_WLAN);
     return keep_security_supported(cli, MODE_WDS_AP);
 }
 
@@ -73,7 +73,7 @@ int set_wds_mode(CliContext &cli, const char *, CliCommand *) {
     if (switch_off_multi_ssid(cli) != CLI_DONE)
         return CLI_REFUSED;
     cfg_set_number(MODE_WDS, "/wlan/inf:%d/ap_mode", interface_number(cli));
-    pending_apply |= APPLY_WLAN;
+    mark_for_apply(APPLY_WLAN);
     // As for the mode with access point. Deliberate.
     return keep_security_supported(cli, MODE_WDS_AP);
 }

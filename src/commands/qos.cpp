@@ -134,8 +134,7 @@ int switch_rule(CliContext &cli, const char *command, const char *state) {
     if (!is_rule(rule))
         return refuse_rule();
     cfg_set(state, "/qos/rule/index:%d/state", rule);
-    pending_apply |= APPLY_QOS;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_QOS);
 }
 
 // A field of a rule as the list shows it.
@@ -189,8 +188,7 @@ int add_qos_rule(CliContext &cli, const char *, CliCommand *) {
     const RuleOption *option = find_option(arg_next(cli), words);
     if (!is_rule(rule) || option == nullptr || !option->add(cli, rule, option->host))
         return refuse_rule();
-    pending_apply |= APPLY_QOS;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_QOS);
 }
 
 int apply_qos_rule(CliContext &cli, const char *, CliCommand *) {
@@ -207,8 +205,7 @@ int delete_qos_rule(CliContext &cli, const char *, CliCommand *) {
         return CLI_DONE; // no refusal. Meant so.
     }
     RULE.remove(decimal_value(arg_next(cli)));
-    pending_apply |= APPLY_QOS;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_QOS);
 }
 
 int list_qos_rules(CliContext &, const char *, CliCommand *) {

@@ -83,8 +83,7 @@ int set_ssid(CliContext &cli, const char *, CliCommand *) {
     if (std::strlen(ssid) > SSID_LIMIT)
         return refuse("No SSID!\n");
     cfg_set(ssid, "/wlan/inf:%d/ssid", interface_number(cli));
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int set_cwm_auto(CliContext &cli, const char *, CliCommand *) {
@@ -95,8 +94,7 @@ int set_cwm_auto(CliContext &cli, const char *, CliCommand *) {
 int set_wireless_mode(CliContext &, const char *, CliCommand *) {
     const WirelessMode &mode = typed_item(WIRELESS_MODES, wireless_mode_rows);
     cfg_set_number(mode.value, "/wlan/inf:1/wlmode");
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int set_band_5g(CliContext &, const char *, CliCommand *) {
@@ -115,8 +113,7 @@ int set_band_5g(CliContext &, const char *, CliCommand *) {
     if (*country == COUNTRY_ISRAEL)
         return refuse("can not work in 5G when country as IL\n");
     cfg_set("1", "/wlan/ch_mode");
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int get_band(CliContext &, const char *, CliCommand *) {

@@ -190,8 +190,7 @@ int set_authentication(CliContext &cli, const char *, CliCommand *) {
     if (outcome == SECURITY_UNKNOWN)
         return CLI_REFUSED;
     run_command("rgdb -s /wlan/inf:%d/authentication %d", interface_number(cli), type);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int set_cipher(CliContext &cli, const char *, CliCommand *) {
@@ -199,14 +198,12 @@ int set_cipher(CliContext &cli, const char *, CliCommand *) {
     if (const int check = security_check(SecurityChange::Cipher, cipher); check != 0)
         return check == SECURITY_UNKNOWN ? CLI_REFUSED : CLI_DONE;
     run_command("rgdb -s /wlan/inf:%d/wpa/wepmode %d", interface_number(cli), cipher);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int set_cipher_none(CliContext &cli, const char *, CliCommand *) {
     run_command("rgdb -s /wlan/inf:%d/wpa/wepmode 0", interface_number(cli));
     run_command("rgdb -s /wlan/inf:%d/authentication 0", interface_number(cli));
     cli_printf("NOTICE: Disable Wireless Security (not recommended). \n");
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }

@@ -55,8 +55,7 @@ int store_slot_switch(CliContext &cli, const SlotSwitch &target, const char *val
     if (!is_slot(number))
         return refuse("%s%s", target.out_of_range, target.error_line);
     write_slot(value, cli, numbered_slot(static_cast<int>(number)), target.leaf);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int store_slot_value(CliContext &cli, const SlotSetter &setter) {
@@ -71,8 +70,7 @@ int store_slot_value(CliContext &cli, const SlotSetter &setter) {
         return refuse("%s%s", setter.out_of_range, setter.slot_error);
     write_slot(value.text(), cli, setter.as_number ? numbered_slot(slot.number) : slot,
                setter.leaf);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int show_slot_value(CliContext &cli, const SlotDisplay &display) {

@@ -128,7 +128,7 @@ void write_snmp_row(int row, std::initializer_list<SnmpCell> cells) {
 
 int finish_snmp_change(const char *message) {
     save_configuration();
-    pending_apply |= APPLY_SNMP;
+    mark_for_apply(APPLY_SNMP);
     cli_printf("%s\n", message);
     return CLI_DONE;
 }

@@ -34,8 +34,7 @@ int set_snmp_trap(CliContext &cli, const char *, CliCommand *) {
     else
         return refuse(USAGE);
     cli_printf("\nSNMP Trap Status: %s\n", status);
-    pending_apply |= APPLY_SNMP;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_SNMP);
 }
 
 int set_snmp_trap_server(CliContext &cli, const char *, CliCommand *) {
@@ -50,8 +49,7 @@ int set_snmp_trap_server(CliContext &cli, const char *, CliCommand *) {
     const char *server = arg_peek(cli, 0);
     cfg_set(server, TRAP_SERVER);
     cli_printf("\nSNMP Trap Server Ip: %s\n", server);
-    pending_apply |= APPLY_SNMP;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_SNMP);
 }
 
 int set_snmp_trap_version(CliContext &cli, const char *, CliCommand *) {
@@ -64,7 +62,7 @@ int set_snmp_trap_version(CliContext &cli, const char *, CliCommand *) {
         cfg_set_number(version, TRAP_VERSION);
         cli_printf("SNMP Trap Version: SNMPv%d\n", version);
     }
-    pending_apply |= APPLY_SNMP;
+    mark_for_apply(APPLY_SNMP);
     cli_printf("%s", PLEASE_APPLY.text);
     return CLI_DONE;
 }

@@ -227,8 +227,7 @@ int set_syslog(CliContext &cli, const char *, CliCommand *) {
         return refuse("\nPlease input correct IP address!\n");
     handle_keyword(*keyword, profile, value);
     reset_first_rekey();
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int set_testlog(CliContext &cli, const char *, CliCommand *) {
@@ -242,8 +241,7 @@ int set_testlog(CliContext &cli, const char *, CliCommand *) {
     for (int left = count; left >= 1; --left)
         syslog(TEST_PRIORITY, "[System]test %d", left);
     cli_printf(count >= 1 ? "Test syslog successfully\n" : "\nUnable to set syslog count!\n");
-    pending_apply |= APPLY_WAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WAN);
 }
 
 int get_syslog(CliContext &, const char *, CliCommand *) {

@@ -119,8 +119,7 @@ int set_time_server(CliContext &cli, const char *, CliCommand *) {
         set_time_server_address(word);
     else
         return refuse("Please input correct IP address!\n");
-    pending_apply |= APPLY_WAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WAN);
 }
 
 int get_time_server(CliContext &, const char *, CliCommand *) {
@@ -142,8 +141,7 @@ int set_time_zone(CliContext &cli, const char *, CliCommand *) {
     save_configuration();
     cli_printf("\nSet time zone successfully!\n");
     restart_time_service();
-    pending_apply |= APPLY_WAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WAN);
 }
 
 int get_time_zone(CliContext &, const char *, CliCommand *) {
@@ -160,7 +158,7 @@ int set_daylight_saving(CliContext &cli, const char *, CliCommand *) {
     } else {
         cli_printf("\nUnable to Daylight Saving Time!\n");
     }
-    pending_apply |= APPLY_WAN; // unlike the time zone's, also after a failure
+    mark_for_apply(APPLY_WAN); // unlike the time zone's, also after a failure
     return CLI_DONE;
 }
 

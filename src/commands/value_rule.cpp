@@ -43,6 +43,5 @@ int store_value(CliContext &cli, const ValueSetter &setter) {
     if (!value.take(cli, setter.rule))
         return refuse("%s", setter.value_error);
     cfg_set(value.text(), setter.path, interface_number(cli));
-    pending_apply |= setter.apply_bits;
-    return CLI_DONE;
+    return mark_for_apply(setter.apply_bits);
 }

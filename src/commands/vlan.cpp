@@ -39,8 +39,7 @@ int set_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
     if (!take_vlan_id_and_index(cli, ports, vid, index))
         return CLI_REFUSED;
     cfg_set_number(vid, INDEXED_PVID, interface_number(cli), ports.list, index);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int show_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
@@ -56,7 +55,7 @@ int show_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
 
 int enable_vlan(CliContext &, const char *, CliCommand *) {
     cfg_set("1", "/sys/vlan_state");
-    pending_apply |= APPLY_WLAN;
+    mark_for_apply(APPLY_WLAN);
     const std::optional<int> type = cfg_read_number(ADMIN_LIMIT_TYPE);
     if (!type)
         return CLI_REFUSED;
@@ -64,8 +63,7 @@ int enable_vlan(CliContext &, const char *, CliCommand *) {
         return CLI_DONE;
     cli_printf("Because VLAN is enable, limit vlan need to disable.\n");
     cfg_set_number(*type & LIMITED_BY_ADDRESS, ADMIN_LIMIT_TYPE);
-    pending_apply |= APPLY_WAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WAN);
 }
 
 int enable_auto_pvid(CliContext &, const char *, CliCommand *) {
@@ -73,7 +71,7 @@ int enable_auto_pvid(CliContext &, const char *, CliCommand *) {
     if (!pvid)
         return refuse(CANT_ALLOC_MEMORY);
     cfg_set("1", "/sys/auto_set_pvid");
-    pending_apply |= APPLY_WLAN;
+    mark_for_apply(APPLY_WLAN);
     const std::optional<int> counted = cfg_read_number("/sys/group_vlan/index#");
     if (!counted)
         return CLI_REFUSED;
@@ -99,8 +97,7 @@ int write_pvid(CliContext &cli, const char *path) {
     if (vid == nullptr)
         return CLI_REFUSED;
     cfg_set(vid, path, interface_number(cli));
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int show_node_number(const CliContext &cli, const char *path, const char *format) {

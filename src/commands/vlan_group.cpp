@@ -57,8 +57,7 @@ std::optional<int> entry_for(int vid) {
 int write_member(int entry, int vid, const VlanPort &port, Egress egress) {
     cfg_set_number(vid, "%s/group_vid", ENTRY.path(entry));
     cfg_set_number(egress, "%s/%s:%d/egress", ENTRY.path(entry), port.kind, port.number);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 // These alone mind the end of the table. Meant so.
@@ -171,8 +170,7 @@ int set_group_name(CliContext &cli, const char *, CliCommand *) {
         if (*used_by != vid)
             continue;
         ENTRY_NAME.write(entry, name);
-        pending_apply |= APPLY_WLAN;
-        return CLI_DONE;
+        return mark_for_apply(APPLY_WLAN);
     }
     cli_printf("ERROR: No this VID.\n");
     return CLI_DONE; // no refusal. Meant so.
@@ -191,7 +189,7 @@ int delete_group(CliContext &cli, const char *, CliCommand *) {
             continue;
         ENTRY.remove(entry);
         cli_printf(" delete:%s \n", ENTRY.path(entry));
-        pending_apply |= APPLY_WLAN;
+        mark_for_apply(APPLY_WLAN);
     }
     return CLI_DONE;
 }

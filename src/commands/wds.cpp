@@ -73,14 +73,13 @@ int add_wds_peer(CliContext &cli, const char *, CliCommand *) {
     const int index = decimal_value(arg_next(cli));
     if (index < 1 || index > PEERS) {
         cli_printf("Error! WDS index is between %d and %d \n", 1, PEERS);
-        pending_apply |= APPLY_WLAN; // though nothing was written. Meant so.
+        mark_for_apply(APPLY_WLAN); // though nothing was written. Meant so.
         return CLI_DONE;
     }
     if (check_new_peer(cli, value, mac.data()) != CLI_DONE)
         return CLI_REFUSED;
     cfg_set(mac.data(), PEER, interface_number(cli), index);
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int delete_wds_peer(CliContext &cli, const char *, CliCommand *) {
@@ -88,8 +87,7 @@ int delete_wds_peer(CliContext &cli, const char *, CliCommand *) {
         return refuse("error macaddrdel!\n");
     // Any index will do. Meant so.
     cfg_set("", PEER, interface_number(cli), decimal_value(arg_next(cli)));
-    pending_apply |= APPLY_WLAN;
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int scan_wds(CliContext &, const char *, CliCommand *) {

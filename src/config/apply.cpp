@@ -85,6 +85,11 @@ void raise_array_version() {
 
 } // namespace
 
+int mark_for_apply(std::uint32_t bits) {
+    pending_apply |= bits;
+    return 0;
+}
+
 bool apply_changes() {
     ++applies_run;
     const std::uint32_t bits = pending_apply;

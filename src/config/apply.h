@@ -16,8 +16,12 @@ enum ApplyBit : std::uint32_t {
     APPLY_WEB = 0x4000,
 };
 
-// What apply_changes must restart; handlers add their bits.
+// What apply_changes must restart.
 extern std::uint32_t pending_apply;
+
+// Adds services to what apply_changes must restart. Returns 0, so that a handler that is done ends
+// with it.
+int mark_for_apply(std::uint32_t bits);
 
 // How often apply_changes ran. At the console a `set apply` with nothing to apply counts as
 // refused; a script compares this number to tell.
