@@ -15,22 +15,22 @@ const char *acl_mode_name(int mode);
 // What follows says what it refuses, missing memory ("memory error!") included.
 
 // Word MAC, added to the access control list as typed.
-int add_acl_address(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_acl_address;
 
 // Word MAC: any word that stands in the list.
-int delete_acl_address(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_acl_address;
 
 // Prints the access points that the administrator classified.
-int get_rogue_aps(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_rogue_aps;
 
 // Words INDEX TYPE MAC: writes a classified access point. Only the MAC's length counts.
-int set_rogue_ap(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_rogue_ap;
 
 // Scans for access points and prints what was found.
-int get_intrusion(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_intrusion;
 
 // Words INDEX TYPE, the type 0..3: classifies a scan result and saves the configuration.
-int set_intrusion(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_intrusion;
 
 inline constinit auto acl_rows = command_table({
     {"disable", "acl disable", write_fixed<"/wlan/inf:%d/acl/mode", "0", APPLY_WLAN>},

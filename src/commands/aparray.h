@@ -8,16 +8,16 @@
 #include "shell/dispatch.h"
 
 // A name of at most 32 characters, further words ignored. Echoes it, also when it then refuses it.
-int set_array_name(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_array_name;
 
 // Shows the role that is configured and the one that is run. Returns 0; or -1 after
 // " can't alloc memory ", as get_array_sync does.
-int get_array_role(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_array_role;
 
 // The flag of the item that the row names.
-int enable_array_sync(CliContext &cli, const char *word, CliCommand *subtable);
-int disable_array_sync(CliContext &cli, const char *word, CliCommand *subtable);
-int get_array_sync(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler enable_array_sync;
+CliHandler disable_array_sync;
+CliHandler get_array_sync;
 
 inline constexpr ValueSetter ARRAY_PASSWORD{
     .path = "/wlan/inf:1/aparray_password",

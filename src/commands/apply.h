@@ -4,7 +4,7 @@
 #include "shell/command.h"
 
 // Restarts what changed. Returns 0, or -1 when no service was waiting to be restarted.
-int set_apply(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_apply;
 
 inline constexpr auto apply_set_rows = command_rows({
     {"apply", "Save and apply all settings", set_apply},

@@ -7,15 +7,15 @@
 
 // `set arpspoofing add <ip> <mac>`: into the first free one of eight rules. Refuses a full table,
 // and other words with its usage.
-int add_arp_rule(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_arp_rule;
 
 // `set arpspoofing delete <1..8>`: leaves a hole, where the list ends from then on. Refuses other
 // words with its usage.
-int delete_arp_rule(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_arp_rule;
 
 // These two ignore words.
-int delete_arp_rules(CliContext &cli, const char *word, CliCommand *subtable);
-int get_arp_rules(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_arp_rules;
+CliHandler get_arp_rules;
 
 inline constinit auto arp_spoofing_rows = command_table({
     {"status", "Set ARP Spoofing Status", dispatch_subtable,

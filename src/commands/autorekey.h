@@ -8,19 +8,19 @@
 // The setters return 0, also after the usage lines of a refusal.
 
 // Words HOURS DAY TIME: HOURS begins with a digit and is 1..168, DAY and TIME are any text.
-int set_rekey_time(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_rekey_time;
 
 // Words SSID STATE: SSID 0 is the primary one, 1..7 are slots; STATE is 0 or 1.
-int set_rekey_ssid(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_rekey_ssid;
 
 // A refusal after the first word keeps what was written before it.
-int set_rekey_mail(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_rekey_mail;
 
 // Schedule and current keys. Returns 0; or -1 after "memory error!".
-int get_rekey(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_rekey;
 
 // The mail profile in use. Returns 0; or -1 after "memory error!".
-int get_rekey_mail(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_rekey_mail;
 
 inline constinit auto autorekey_rows = command_table({
     {"time", "set autorekey change time", set_rekey_time},

@@ -39,15 +39,15 @@ std::optional<int> read_country_code();
 
 // Word CHANNEL, written as typed when the band's run-time table holds it; else says why and lists
 // the channels. Returns 0 either way.
-int set_channel(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_channel;
 
 // Prints the country, has the run-time tables made anew and prints them for both bands.
-int get_available_channels(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_available_channels;
 
 // Makes the typed row's country the device's. Words are ignored.
-int set_country(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_country;
 
-int get_country(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_country;
 
 inline constinit auto country_rows =
     command_table_of(SETTABLE_COUNTRIES, [](const Country &country) {

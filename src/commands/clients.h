@@ -6,13 +6,13 @@
 // All return -1 after "memory error!".
 
 // Prints the wireless clients of the primary SSID and, when they are on, of the other SSIDs.
-int get_client_info(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_client_info;
 
 // Brings the counters of the ethernet port up to date and prints them.
-int get_ethernet_counters(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_ethernet_counters;
 
 // Prints the counters of the first wireless interface. Returns the length of the last line.
-int get_wlan_counters(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_wlan_counters;
 
 inline constexpr auto clients_get_rows = command_rows({
     {"clientinfo", "Display ClientInfo", get_client_info},

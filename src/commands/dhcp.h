@@ -50,17 +50,17 @@ consteval StaticLeases make_static_leases() {
 inline constexpr StaticLeases STATIC_LEASES = make_static_leases();
 
 // One word, stored as typed. Refuses other counts of words, and says so.
-int set_dhcp_leasetime(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_dhcp_leasetime;
 
 // The static lease that was named, on or off.
-int enable_static_lease(CliContext &cli, const char *word, CliCommand *subtable);
-int disable_static_lease(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler enable_static_lease;
+CliHandler disable_static_lease;
 
 // Put a word into the first static lease whose host name, address or MAC is empty, each column by
 // itself; refused when an entry before it holds the same, or when all 25 are filled.
-int add_static_hostname(CliContext &cli, const char *word, CliCommand *subtable);
-int add_static_ip(CliContext &cli, const char *word, CliCommand *subtable);
-int add_static_mac(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_static_hostname;
+CliHandler add_static_ip;
+CliHandler add_static_mac;
 
 inline constinit auto static_lease_enable_rows =
     command_table_of(STATIC_LEASES.leases, [](const StaticLease &lease) {

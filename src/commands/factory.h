@@ -4,13 +4,13 @@
 #include "commands/fixed_value.h"
 
 // Loads the factory settings, saves them and asks for a reboot. Ignores further words.
-int set_factory_default(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_factory_default;
 
 // `isfactorydefault`: loads the factory settings to compare a save of them with one of the running
 // settings, then puts those back and saves them. Prints the verdict; or returns -1 after "memory
 // error!" or "Can't open configuration file". Only the first 10240 bytes of a save are known and
 // put back.
-int compare_with_factory(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler compare_with_factory;
 
 inline constexpr auto factory_set_rows = command_rows({
     {"factorydefault", "Set device to factory default setting", set_factory_default},

@@ -30,10 +30,10 @@ inline constexpr FixedRate FIXED_RATES[] = {
 
 // Writes the row's code for the current radio. A rate that the radio does not have is not
 // written, silently, and the radio restarts all the same.
-int set_fixed_rate(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_fixed_rate;
 
 // Prints the rate's word; for a code that the radio does not have, its lowest rate.
-int get_fixed_rate(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_fixed_rate;
 
 inline constinit auto fixed_rate_rows = command_table_of(FIXED_RATES, [](const FixedRate &rate) {
     return CliCommand{rate.word, rate.help, set_fixed_rate};

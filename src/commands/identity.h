@@ -7,7 +7,7 @@
 #include "shell/dispatch.h"
 
 // The four version fields. Returns 0; or -1 after "memory error!".
-int get_runtime(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_runtime;
 
 inline constexpr ValueSetter LOCATION{
     .path = "/sys/systemLocation",

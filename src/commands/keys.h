@@ -91,21 +91,21 @@ int change_key(CliContext &cli, const char *, CliCommand *) {
 // The setters refuse other counts of words, a key that is not 1..4 and missing memory, and say so.
 
 // Words KEY TEXT, with as many characters as the key's length and format ask for.
-int set_key(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_key;
 
 // Word KEY. Clears it, and makes it one of 64 bits in hexadecimal digits.
-int delete_key(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_key;
 
 // Word KEY. Makes it the default key, with its length and format.
-int set_default_key(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_default_key;
 
 // Word KEY; anything else is told. The first two let the database's tool print.
-int get_key(CliContext &cli, const char *word, CliCommand *subtable);
-int get_key_length(CliContext &cli, const char *word, CliCommand *subtable);
-int get_key_format(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_key;
+CliHandler get_key_length;
+CliHandler get_key_format;
 
 // Returns 0; or -1 after "memory error!".
-int get_all_keys(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_all_keys;
 
 inline constinit auto key_length_rows = command_table({
     {"64Bit", "Key of 64 bits", change_key<KEY_LENGTH, "64">},

@@ -8,11 +8,11 @@
 
 // The values in use: the configured ones while the address is static, else those that the DHCP
 // client got.
-int get_ip_address(CliContext &cli, const char *word, CliCommand *subtable);
-int get_ip_mask(CliContext &cli, const char *word, CliCommand *subtable);
-int get_gateway(CliContext &cli, const char *word, CliCommand *subtable);
-int get_name_server(CliContext &cli, const char *word, CliCommand *subtable);
-int get_ip_mode(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_ip_address;
+CliHandler get_ip_mask;
+CliHandler get_gateway;
+CliHandler get_name_server;
+CliHandler get_ip_mode;
 
 inline constinit auto ip_mode_rows = command_table({
     {"static", "Static Mode", write_fixed<"/wan/rg/inf:1/mode", "1", APPLY_WAN | APPLY_WLAN>},

@@ -18,22 +18,22 @@ bool includes_limit(int type, int limit);
 
 // `set ladtype <0..3>`. A type with address pools needs one; a type with the VLAN switches VLAN
 // operation off.
-int set_admin_limit_type(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_admin_limit_type;
 
 // `set ladvid <1..4094>`.
-int set_admin_limit_vid(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_admin_limit_vid;
 
 // `set ladippool-add <index> <start> <end>`: both edges as typed; says nothing of an index other
 // than 1..4. Takes the pools out of the type when none is left.
-int add_admin_pool(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_admin_pool;
 
 // `set ladippool-del <1..4>`.
-int delete_admin_pool(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_admin_pool;
 
 // `get ladvid` and `get ladippool <1..4>`. Return 0; or -1 after "Error: fail to allocate memery"
 // for a failed read.
-int get_admin_limit_vid(CliContext &cli, const char *word, CliCommand *subtable);
-int get_admin_pool(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_admin_limit_vid;
+CliHandler get_admin_pool;
 
 inline constexpr auto limited_admin_set_rows = command_rows({
     {"ladtype", "Limited Administration Type", set_admin_limit_type},

@@ -5,14 +5,14 @@
 
 // `set macclonetype disable|auto|manual`. Returns 0, also after telling an unknown type; or -1,
 // without a word, when there is none.
-int set_clone_type(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_clone_type;
 
 // Takes the first word as a MAC address. Returns 0, also after telling a wrong one; says nothing
 // when there is none.
-int set_clone_address(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_clone_address;
 
 // A number without a type shows as disabled.
-int get_clone_type(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_clone_type;
 
 inline constexpr auto mac_clone_set_rows = command_rows({
     {"macclonetype", "Set MAC address clone type", set_clone_type},

@@ -5,11 +5,11 @@
 
 // Store the one word as the band's index, as typed, when the wireless mode has that index; else
 // print how to use them. Return 0 either way.
-int set_mcast_rate_2g(CliContext &cli, const char *word, CliCommand *subtable);
-int set_mcast_rate_5g(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_mcast_rate_2g;
+CliHandler set_mcast_rate_5g;
 
 // Prints the rate of the band that the device runs.
-int get_mcast_rate(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_mcast_rate;
 
 inline constinit auto mcast_rate_rows = command_table({
     {"2.4G_Band", "set 2.4G Band", set_mcast_rate_2g},

@@ -8,24 +8,24 @@
 // the command's is refused with its usage; see below for the exceptions.
 
 // `mfc init LANMAC` and three words more. Refuses what is no MAC address.
-int mfc_init(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler mfc_init;
 
 // The radio's test: words SSID CHANNEL.
-int mfc_test_5g(CliContext &cli, const char *word, CliCommand *subtable);
-int mfc_test_24g(CliContext &cli, const char *word, CliCommand *subtable);
-int mfc_set_country_code(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler mfc_test_5g;
+CliHandler mfc_test_24g;
+CliHandler mfc_set_country_code;
 
 // Hands one word on, any other number of them is ignored.
-int mfc_reset(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler mfc_reset;
 
 // One word. Other counts return 0: the button's with its usage, the LED's without a word.
-int mfc_button(CliContext &cli, const char *word, CliCommand *subtable);
-int mfc_led(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler mfc_button;
+CliHandler mfc_led;
 
 // Gives the WAN and the LAN the same address; any one word will do. This and the revision's print
 // up to 255 characters of each answer; no word is refused with the usage, several without a word.
-int set_mac_address(CliContext &cli, const char *word, CliCommand *subtable);
-int set_hardware_revision(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_mac_address;
+CliHandler set_hardware_revision;
 
 inline constexpr auto mfc_rows = command_rows({
     {"init", "Set LAN MAC address, hardware revision, country code and PIN", mfc_init},

@@ -149,21 +149,21 @@ inline constexpr SlotDisplay SHOWN_PRIORITY{
 
 // Gives up an operating mode in which there is no multi-SSID, and says so. Returns 0; or -1 after
 // "memory error!".
-int enable_multi_ssid(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler enable_multi_ssid;
 
 // Word SLOT. Other words are told, and return 0; as is a cipher that does not go with the slot's
 // authentication type. Without memory the cipher's returns -1 after " can't alloc memory ".
-int set_slot_authentication(CliContext &cli, const char *word, CliCommand *subtable);
-int set_slot_cipher(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_slot_authentication;
+CliHandler set_slot_cipher;
 
 // Switches the slot's cipher and authentication off.
-int set_slot_cipher_none(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_slot_cipher_none;
 
 // Of the primary SSID. Returns 0; or -1 after " can't alloc memory.".
-int get_priority(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_priority;
 
 // Word SLOT: the key of the primary SSID that the slot uses. Returns as show_slot_value does.
-int get_slot_wep_key(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_slot_wep_key;
 
 inline constinit auto multi_state_rows = command_table({
     {"enable", "enable multi-SSID", enable_multi_ssid},

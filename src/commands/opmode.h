@@ -11,12 +11,12 @@ enum ApMode : int { MODE_AP, MODE_CLIENT, MODE_REPEATER, MODE_WDS_AP, MODE_WDS }
 // Each switches off what the mode does not allow, multi-SSID or the wireless security, and says so;
 // where the latter cannot be read it is left alone, and the result is -1.
 // Words are ignored. The two of WDS are refused, which they say, on 5 GHz in Japan.
-int set_client_mode(CliContext &cli, const char *word, CliCommand *subtable);
-int set_wds_ap_mode(CliContext &cli, const char *word, CliCommand *subtable);
-int set_wds_mode(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_client_mode;
+CliHandler set_wds_ap_mode;
+CliHandler set_wds_mode;
 
 // Returns 0; or -1 after "memory error!".
-int get_ap_mode(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_ap_mode;
 
 inline constinit auto ap_mode_rows = command_table({
     {"AP", "AP Mode", write_fixed<"/wlan/inf:%d/ap_mode", "0", APPLY_WLAN>},

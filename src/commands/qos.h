@@ -8,18 +8,18 @@
 
 // `set qos rule add <index> <option> <value> [<range>]`: writes the nodes of one option of a rule.
 // Returns 0; or -1 after the usage text.
-int add_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_qos_rule;
 
 // `set qos rule apply|suspend <index>`. Return 0; or -1 after the usage line, for a wrong index
 // after that of `add`.
-int apply_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
-int suspend_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler apply_qos_rule;
+CliHandler suspend_qos_rule;
 
 // `set qos rule delete <index>`. Returns 0, also after its usage line.
-int delete_qos_rule(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_qos_rule;
 
 // All rules that have a name. Words are ignored.
-int list_qos_rules(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler list_qos_rules;
 
 // The displays call the classifiers by other names. Meant so.
 inline constinit auto qos_classifier_rows = command_table({

@@ -9,29 +9,29 @@
 extern std::int32_t operating_band;
 
 // Word SSID, of at most 32 characters. Prints it, also when it then refuses it.
-int set_ssid(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_ssid;
 
 // Words are ignored.
-int set_cwm_auto(CliContext &cli, const char *word, CliCommand *subtable);
-int set_wireless_mode(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_cwm_auto;
+CliHandler set_wireless_mode;
 
 // Refused in Israel; in Japan a WDS operating mode is given up first.
-int set_band_5g(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_band_5g;
 
 // Reads the operating band and prints it. Returns 0; or -1 after "memory error!".
-int get_band(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_band;
 
 // Makes the one word, 0 or 1, the operating and the current band. No word is bound to it.
-int select_band(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler select_band;
 
 // Prints the current band's time in microseconds. Returns 0; or -1 after "memory error!".
-int get_acktimeout(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_acktimeout;
 
 // Says that the hardware cannot do it. Returns 0.
-int refuse_radar_bang(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler refuse_radar_bang;
 
 // Word TIMES: restarts the radio so often, waiting for it to settle. Refuses other counts of words.
-int test_wlan_restart(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler test_wlan_restart;
 
 // Name the numbers that nodes hold; there is a name for every number.
 const char *partition_name(int number);

@@ -48,11 +48,11 @@ const char *cipher_line(int cipher);
 // Store what the typed row names in AUTHENTICATION_TYPES and CIPHERS. Words are ignored. Return 0,
 // also after the notice that refuses it, only the authentication type has the cipher fixed instead;
 // or -1, silently, after SECURITY_UNKNOWN.
-int set_authentication(CliContext &cli, const char *word, CliCommand *subtable);
-int set_cipher(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_authentication;
+CliHandler set_cipher;
 
 // Switches cipher and authentication off, unchecked.
-int set_cipher_none(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_cipher_none;
 
 // A value that a word sets.
 struct SecurityType {

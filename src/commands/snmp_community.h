@@ -8,17 +8,17 @@
 
 // Words NAME VIEW TYPE: names of at most 32 characters, TYPE a number up to 2. The view must exist
 // and the name must not. Refuses anything else and a full table, and says so.
-int add_snmp_community(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_snmp_community;
 
 // Word NAME, never the public or the private one. Refuses what is not in the table, and says so.
-int delete_snmp_community(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_snmp_community;
 
 // Lists the two fixed communities and the table, up to a row of a type other than 1 and 2.
-int show_snmp_communities(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler show_snmp_communities;
 
 // Word NAME of at most 32 characters; they refuse longer ones and a failed write, and say so.
-int edit_public_community(CliContext &cli, const char *word, CliCommand *subtable);
-int edit_private_community(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler edit_public_community;
+CliHandler edit_private_community;
 
 inline constexpr auto snmp_community_snmp_rows = command_rows({
     {"addcomm", "Add SNMP community", add_snmp_community},

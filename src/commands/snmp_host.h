@@ -10,17 +10,17 @@
 // else; NAME, of at most 32 characters, a community that exists or, for version 3, a user who does
 // not. NAME also becomes the public community. Refuses anything else, an address that is taken and
 // a full table, and says so.
-int add_snmp_host(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_snmp_host;
 
 // Word ADDRESS. Refuses what is none or not in the table, and says so.
-int delete_snmp_host(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_snmp_host;
 
 // Lists the table; an empty one is told and refused. Words are ignored.
-int show_snmp_hosts(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler show_snmp_hosts;
 
 // Sends a warm-start trap to every host. An empty table is told and refused; that the agent or its
 // traps are off is told. Words are ignored.
-int send_snmp_trap(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler send_snmp_trap;
 
 inline constexpr auto snmp_host_snmp_rows = command_rows({
     {"addhost", "Add SNMP trap host", add_snmp_host},

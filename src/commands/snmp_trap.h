@@ -8,22 +8,22 @@
 // The setters take one word and refuse other counts with their usage.
 
 // A word that begins with "enable" or "disable"; refuses others with the usage.
-int set_snmp_trap(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_snmp_trap;
 
 // Any text. Without a word deletes the trap server, and then complains about the missing word.
-int set_snmp_trap_server(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_snmp_trap_server;
 
 // 1 or 2; other numbers change nothing, but count as set.
-int set_snmp_trap_version(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_snmp_trap_version;
 
 // Show nothing for numbers without a meaning, and the first two when there is any word.
-int show_snmp_trap(CliContext &cli, const char *word, CliCommand *subtable);
-int show_snmp_trap_server(CliContext &cli, const char *word, CliCommand *subtable);
-int show_snmp_trap_version(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler show_snmp_trap;
+CliHandler show_snmp_trap_server;
+CliHandler show_snmp_trap_version;
 
 // "enable" or "disable". Writes the node of set_snmp_trap, and saves it at once. Refuses other
 // words and a failed write, and says so.
-int set_snmp_auth_trap(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_snmp_auth_trap;
 
 // "Suspended" for 0, else "Active".
 const char *snmp_agent_state_name(int number);

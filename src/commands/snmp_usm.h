@@ -13,30 +13,30 @@
 // keys of 8..20 and 8..16 characters where their protocol is on. Refuses, and says so, what is out
 // of these limits, a name that is taken, a full table, and a group that asks for more; a group that
 // does not exist without a word.
-int add_snmp_user(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_snmp_user;
 
 // Words NAME LEVEL READVIEW WRITEVIEW NOTIFYVIEW: names of at most 32 characters, LEVEL 1..3.
 // Refuses what is out of these limits. The views must exist and the name must not, else it says so
 // and returns 0.
-int add_snmp_group(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_snmp_group;
 
 // Words NAME OID TYPE: at most 32 and 128 characters, TYPE 1..3. Adds a row to a view, which may
 // exist. Refuses what is out of these limits and a full table, and says so; type 3 without a word,
 // and after writing the row without its type.
-int add_snmp_view(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_snmp_view;
 
 // Word NAME. Refuse, and say so, what does not exist.
-int delete_snmp_user(CliContext &cli, const char *word, CliCommand *subtable);
-int delete_snmp_group(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_snmp_user;
+CliHandler delete_snmp_group;
 
 // Word NAME. Deletes all rows of a view, also when there is none.
-int delete_snmp_view(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_snmp_view;
 
 // List a table; an empty one is told and refused. Words are ignored. The users' also shows the
 // engine ID, and is refused when the agent runs without its file or after "no enough memory!".
-int show_snmp_users(CliContext &cli, const char *word, CliCommand *subtable);
-int show_snmp_groups(CliContext &cli, const char *word, CliCommand *subtable);
-int show_snmp_views(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler show_snmp_users;
+CliHandler show_snmp_groups;
+CliHandler show_snmp_views;
 
 inline constexpr std::size_t ENGINE_ID_LIMIT = 2048;
 

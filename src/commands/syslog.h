@@ -8,14 +8,14 @@
 // a word every field of a mail profile while none is in use. Any other value that its keyword does
 // not take is told, but still counts as a handled command: the mailing is reset and the radio
 // marked for restart.
-int set_syslog(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_syslog;
 
 // `set testlog count N`: writes N entries into the system log, numbered from N down to 1, or says
 // that it cannot when N is less than 1. Refuses other words.
-int set_testlog(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_testlog;
 
 // Prints the settings and then the local log. Returns 0; or -1 after "memory error!".
-int get_syslog(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_syslog;
 
 inline constexpr auto syslog_set_rows = command_rows({
     {"syslog", "Set system log and e-mail notification", set_syslog},

@@ -17,28 +17,28 @@ bool calendar_seconds(const CalendarWords &words, std::time_t &seconds);
 // `set time YEAR MONTH DAY HOUR MINUTE SECOND`, the later ones left out at will; sets the system's
 // clock. A failure of that is reported on standard error as "set time: " and the system's error
 // text. Refuses only no words at all.
-int set_time(CliContext &cli, const char *word, CliCommand *subtable);
-int get_time(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_time;
+CliHandler get_time;
 
 // Days, hours, minutes and seconds since the start.
-int get_uptime(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_uptime;
 
 // `set sntpserver enable|disable|ADDRESS`; an address is saved and takes effect at once. Refuses
 // other words and counts.
-int set_time_server(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_time_server;
 
 // This and the time zone's return 0; or -1 after "memory error!".
-int get_time_server(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_time_server;
 
 // `set tzone 1..75`; saved, takes effect at once. Refuses other counts of words; a number out of
 // range or a failed write is told, and returns 0.
-int set_time_zone(CliContext &cli, const char *word, CliCommand *subtable);
-int get_time_zone(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_time_zone;
+CliHandler get_time_zone;
 
 // `set daylightsaving STATE`, any one word, 1 being on; saved, takes effect at once. Refuses other
 // counts of words; a failed write is told, and returns 0.
-int set_daylight_saving(CliContext &cli, const char *word, CliCommand *subtable);
-int get_daylight_saving(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_daylight_saving;
+CliHandler get_daylight_saving;
 
 inline constexpr auto time_set_rows = command_rows({
     {"time", "Set time (year month day hour min sec)", set_time},

@@ -7,22 +7,22 @@
 
 // Words FILE HOST. Prints what the tool answers, up to 255 characters. A bad host is told, and the
 // transfer is tried all the same. Meant so.
-int tftp_get_config(CliContext &cli, const char *word, CliCommand *subtable);
-int tftp_get_firmware(CliContext &cli, const char *word, CliCommand *subtable);
-int tftp_put_config(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler tftp_get_config;
+CliHandler tftp_get_firmware;
+CliHandler tftp_put_config;
 
 // The two below keep the text in /tmp on its way, and refuse a name that leads out of there.
 
 // Sends the whole database as text, with a bad host as above; what the tools answer is not shown.
-int tftp_put_xml_config(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler tftp_put_xml_config;
 
 // Fetches such a text and loads it; a bad host and a missing or empty file are refused.
-int tftp_get_xml_config(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler tftp_get_xml_config;
 
 // Words FILE HOST USER PASSWORD, with a bad host as for TFTP.
-int ftp_get_config(CliContext &cli, const char *word, CliCommand *subtable);
-int ftp_get_firmware(CliContext &cli, const char *word, CliCommand *subtable);
-int ftp_put_config(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler ftp_get_config;
+CliHandler ftp_get_firmware;
+CliHandler ftp_put_config;
 
 inline constexpr auto transfer_tftp_rows = command_rows({
     {"getxmlconfig", "Get XML configuration file from TFTP server", tftp_get_xml_config},

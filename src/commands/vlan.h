@@ -7,12 +7,12 @@
 #include "shell/dispatch.h"
 
 // Switches VLAN operation on, and takes the VLAN out of limited administration.
-int enable_vlan(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler enable_vlan;
 
 // Has the PVIDs follow the group table, and sets all of them by it at once: a port's PVID is the
 // VLAN ID of the last entry that it is untagged in, as it stands there, or else 1. Returns 0; or -1
 // after " can't alloc memory ".
-int enable_auto_pvid(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler enable_auto_pvid;
 
 // "dynamic" for 1, else "static".
 const char *vlan_mode_name(int number);
@@ -39,10 +39,10 @@ int show_number(CliContext &cli, const char *, CliCommand *) {
 
 // PVIDs of the current band's ports that have an index: words VID INDEX, or INDEX. Return 0; or -1
 // after saying why not.
-int set_multi_pvid(CliContext &cli, const char *word, CliCommand *subtable);
-int set_wds_pvid(CliContext &cli, const char *word, CliCommand *subtable);
-int get_multi_pvid(CliContext &cli, const char *word, CliCommand *subtable);
-int get_wds_pvid(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_multi_pvid;
+CliHandler set_wds_pvid;
+CliHandler get_multi_pvid;
+CliHandler get_wds_pvid;
 
 inline constinit auto vlan_state_rows = command_table({
     {"enable", "enable VLAN", enable_vlan},

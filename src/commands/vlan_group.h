@@ -62,8 +62,8 @@ inline constinit auto vlan_member_rows = command_table({
 
 // Words NAME VID: names a VLAN in at most 32 characters. Returns 0, also after saying that there is
 // no such VLAN; or -1 after saying what is wrong with the words.
-int set_group_name(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_group_name;
 
 // Word VID: deletes the entries of a VLAN, if there are any, and shows their nodes. Returns 0; or
 // -1 after saying why not.
-int delete_group(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_group;

@@ -6,18 +6,18 @@
 
 // Words MAC INDEX, the index 1..4. Replaces what is there. Refuses other counts of words, what is
 // no MAC address and one that is found, and says so; an index out of range is told, and returns 0.
-int add_wds_peer(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_wds_peer;
 
 // Word INDEX, any number. Refuses other counts of words.
-int delete_wds_peer(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler delete_wds_peer;
 
 // Surveys the operating band.
-int scan_wds(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler scan_wds;
 
 // Return 0; or -1 when memory ran out, and say so.
-int get_wds_peers(CliContext &cli, const char *word, CliCommand *subtable);
-int get_wds_links(CliContext &cli, const char *word, CliCommand *subtable);
-int get_wds_survey(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_wds_peers;
+CliHandler get_wds_links;
+CliHandler get_wds_survey;
 
 inline constexpr auto wds_set_rows = command_rows({
     {"wdsmacadd", "Set WDS MAC address <xx:xx:xx:xx:xx:xx> [index:1--4]", add_wds_peer},

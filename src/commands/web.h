@@ -7,16 +7,16 @@
 
 // `set web enable|disable`; starts or stops the server at once and saves the state. Refuses another
 // word; other counts of words and a failed write are told, and return 0.
-int set_web(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_web;
 
 // Prints nothing after a failed read. Returns 0; or -1 after "memory error!".
-int get_web(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_web;
 
 // Takes a word whose value lies in 0..64, as typed; refuses others.
-int set_assoc_limit_number(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler set_assoc_limit_number;
 
 // State and number of the limit. Returns 0; or -1 after "memory error!".
-int get_assoc_limit(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler get_assoc_limit;
 
 inline constinit auto assoc_limit_rows = command_table({
     {"enable", "enable assoclimit",

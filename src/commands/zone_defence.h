@@ -9,15 +9,15 @@
 inline constexpr char ZONE_ADDRESSES[] = "/wlan/inf:%d/zonedefence_ip/ipaddr:%d";
 
 // Also makes the radio refuse the clients of its access control list.
-int enable_zone_defence(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler enable_zone_defence;
 
 // Take one word, a host address. Return 0; or -1 after saying why not.
-int add_zone_address(CliContext &cli, const char *word, CliCommand *subtable);
-int delete_zone_address(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_zone_address;
+CliHandler delete_zone_address;
 
 // The same for IPv6 addresses, whose list both radios share. No word is bound to these two.
-int add_zone_ipv6_address(CliContext &cli, const char *word, CliCommand *subtable);
-int delete_zone_ipv6_address(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler add_zone_ipv6_address;
+CliHandler delete_zone_ipv6_address;
 
 inline constinit auto zone_defence_rows = command_table({
     {"enable", "enable zonedefence", enable_zone_defence},

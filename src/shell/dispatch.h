@@ -39,4 +39,4 @@ int cli_dispatch(CliContext &cli, CliCommand *table);
 
 // Handler of every family row: asks for the listing of the family when no word is left, else
 // dispatches into the subtable. Returns 1 for a null subtable.
-int dispatch_subtable(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler dispatch_subtable;

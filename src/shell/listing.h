@@ -20,4 +20,4 @@ int cli_list(CliContext &cli, const CliCommand *table, const char *prefix, const
              int level);
 
 // `help` and `?`: lists the root table, the whole tree when any word follows. Returns 0.
-int show_help(CliContext &cli, const char *word, CliCommand *subtable);
+CliHandler show_help;
