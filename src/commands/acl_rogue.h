@@ -39,7 +39,7 @@ inline constinit auto acl_rows = command_table({
 });
 
 inline constexpr auto acl_rogue_set_rows = command_rows({
-    {"acl", "Set ACL", dispatch_subtable, acl_rows.data()},
+    family("acl", "Set ACL", acl_rows),
     {"macaddradd", "Add MAC Addr <macaddradd macaddress>  ", add_acl_address},
     {"macaddrdel", "DEL MAC Addr <macaddrdel macaddress>", delete_acl_address},
     {"rogue_set_type_mac", "set rogue ap index type and mac < type   macaddradd macaddress>  ",

@@ -50,15 +50,12 @@ inline constinit auto array_sync_disable_rows =
     join_rows(array_sync_rows(SYNC_WORDS, SYNC_DISABLE_HELP, disable_array_sync));
 
 inline constexpr auto aparray_set_rows = command_rows({
-    {"aparray-state", "Set  AP Array state", dispatch_subtable, aparray_state_rows.data()},
+    family("aparray-state", "Set  AP Array state", aparray_state_rows),
     {"arrayname", "Set AP Array arrayname", set_array_name},
     {"arraypassword", "Set  AP Array password", set_value<ARRAY_PASSWORD>},
-    {"arrayrole", "Set AP Array role[master:1, backup master:2, slaver:3]", dispatch_subtable,
-     array_role_rows.data()},
-    {"array_syncnode_enable", "set array_syncnode enable", dispatch_subtable,
-     array_sync_enable_rows.data()},
-    {"array_syncnode_disable", "set array_syncnode disable", dispatch_subtable,
-     array_sync_disable_rows.data()},
+    family("arrayrole", "Set AP Array role[master:1, backup master:2, slaver:3]", array_role_rows),
+    family("array_syncnode_enable", "set array_syncnode enable", array_sync_enable_rows),
+    family("array_syncnode_disable", "set array_syncnode disable", array_sync_disable_rows),
 });
 
 // The name's buffer is smaller than the others.

@@ -18,16 +18,16 @@ CliHandler delete_arp_rules;
 CliHandler get_arp_rules;
 
 inline constinit auto arp_spoofing_rows = command_table({
-    {"status", "Set ARP Spoofing Status", dispatch_subtable,
-     reporting_switch_rows<"/arpspoofing/enable", APPLY_ARPSPOOF, "ARP Spoofing Status",
-                           "ARP Spoofing Prevention Status">.data()},
+    family("status", "Set ARP Spoofing Status",
+           reporting_switch_rows<"/arpspoofing/enable", APPLY_ARPSPOOF, "ARP Spoofing Status",
+                                 "ARP Spoofing Prevention Status">),
     {"add", "Add Gateway address", add_arp_rule},
     {"delete", "Delete Gateway address", delete_arp_rule},
     {"delall", "Delete all the Gateway address", delete_arp_rules},
 });
 
 inline constexpr auto arp_spoofing_set_rows = command_rows({
-    {"arpspoofing", "Set ARP Spoofing", dispatch_subtable, arp_spoofing_rows.data()},
+    family("arpspoofing", "Set ARP Spoofing", arp_spoofing_rows),
 });
 
 inline constexpr auto arp_spoofing_get_rows = command_rows({

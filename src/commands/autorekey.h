@@ -33,7 +33,7 @@ inline constinit auto autorekey_rows = command_table({
 });
 
 inline constexpr auto autorekey_set_rows = command_rows({
-    {"autorekey", "Set autorekey enable", dispatch_subtable, autorekey_rows.data()},
+    family("autorekey", "Set autorekey enable", autorekey_rows),
 });
 
 inline constexpr auto autorekey_get_rows = command_rows({

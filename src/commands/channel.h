@@ -56,7 +56,7 @@ inline constinit auto country_rows =
 
 inline constexpr auto channel_set_rows = command_rows({
     {"channel", "Set channel", set_channel},
-    {"country", "Set country", dispatch_subtable, country_rows.data()},
+    family("country", "Set country", country_rows),
 });
 
 inline constexpr auto channel_get_rows = command_rows({

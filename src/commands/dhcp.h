@@ -73,12 +73,12 @@ inline constinit auto static_lease_disable_rows =
     });
 
 inline constexpr auto dhcp_set_rows = command_rows({
-    {"dhcp_server", "Set dhcp server states ", dispatch_subtable,
-     switch_rows<"/lan/dhcp/server/enable", APPLY_DHCPD, "dhcp server">.data()},
+    family("dhcp_server", "Set dhcp server states ",
+           switch_rows<"/lan/dhcp/server/enable", APPLY_DHCPD, "dhcp server">),
     // Not the node that `get dhcp_staticip_mode` shows, which is the running server's. Meant so,
     // as is the path without its leading slash.
-    {"dhcp_server_static_ip_mode", "Set dhcp server static ip mode states ", dispatch_subtable,
-     switch_rows<"lan/dhcp/server/pool:1/staticDhcp/enable", APPLY_DHCPD, "dhcp server">.data()},
+    family("dhcp_server_static_ip_mode", "Set dhcp server static ip mode states ",
+           switch_rows<"lan/dhcp/server/pool:1/staticDhcp/enable", APPLY_DHCPD, "dhcp server">),
     // This address and the netmask restart the LAN side, the others the server alone. Meant so.
     {"dhcp_startip", "Set dhcp server start ip  ",
      set_host_address<"/lan/dhcp/server/pool:1/startip", APPLY_LAN, "No IP Address!\n">},
@@ -93,10 +93,8 @@ inline constexpr auto dhcp_set_rows = command_rows({
     {"dhcp_netmask", "set dhcp server netmask",
      set_netmask<"/lan/dhcp/server/pool:1/netmask", APPLY_LAN>},
     {"dhcp_leasetime", "set dhcp server lease time", set_dhcp_leasetime},
-    {"dhcp_staticip_set_enable", "set dhcp staticip enable", dispatch_subtable,
-     static_lease_enable_rows.data()},
-    {"dhcp_staticip_set_disable", "set dhcp staticip disable", dispatch_subtable,
-     static_lease_disable_rows.data()},
+    family("dhcp_staticip_set_enable", "set dhcp staticip enable", static_lease_enable_rows),
+    family("dhcp_staticip_set_disable", "set dhcp staticip disable", static_lease_disable_rows),
     {"dhcp_staticip_set_hostname", "set dhcp staticip's hostname ", add_static_hostname},
     {"dhcp_staticip_set_ip", "set dhcp staticip's ip ", add_static_ip},
     {"dhcp_staticip_set_mac", "set dhcp staticip's mac <macaddradd macaddress>  ", add_static_mac},

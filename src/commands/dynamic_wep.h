@@ -57,12 +57,11 @@ inline constinit auto multi_dynamic_wep_length_rows = command_table({
 });
 
 inline constexpr auto dynamic_wep_set_rows = command_rows({
-    {"d-wepkeylen", "Set Dynamic WEP Key Length", dispatch_subtable,
-     dynamic_wep_length_rows.data()},
+    family("d-wepkeylen", "Set Dynamic WEP Key Length", dynamic_wep_length_rows),
     {"d-wepkeyupdate", "Set Dynamic WEP Rekey Interval (in Secs: 0-99999)",
      set_value<DYNAMIC_WEP_INTERVAL>},
-    {"multi-d-wepkeylen", "Set Dynamic WEP Key Length of Multi-SSID", dispatch_subtable,
-     multi_dynamic_wep_length_rows.data()},
+    family("multi-d-wepkeylen", "Set Dynamic WEP Key Length of Multi-SSID",
+           multi_dynamic_wep_length_rows),
     {"multi-d-wepkeyupdate", "Set Dynamic WEP Rekey Interval of Multi-SSID [value][index]",
      set_slot<SLOT_DYNAMIC_WEP_INTERVAL>},
 });

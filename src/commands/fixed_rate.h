@@ -40,7 +40,7 @@ inline constinit auto fixed_rate_rows = command_table_of(FIXED_RATES, [](const F
 });
 
 inline constexpr auto fixed_rate_set_rows = command_rows({
-    {"fixedrate", "Set Fixed Rate", dispatch_subtable, fixed_rate_rows.data()},
+    family("fixedrate", "Set Fixed Rate", fixed_rate_rows),
 });
 
 inline constexpr auto fixed_rate_get_rows = command_rows({

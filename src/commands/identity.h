@@ -38,7 +38,7 @@ inline constinit auto ping_control_rows = command_table({
 inline constexpr auto identity_set_rows = command_rows({
     {"location", "Set Location Data", set_value<LOCATION>},
     {"systemname", "Set System Name", set_value<SYSTEM_NAME>},
-    {"pingctl", "Set Ping Control", dispatch_subtable, ping_control_rows.data()},
+    family("pingctl", "Set Ping Control", ping_control_rows),
 });
 
 inline constexpr auto identity_get_rows = command_rows({

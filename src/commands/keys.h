@@ -119,9 +119,8 @@ inline constinit auto key_format_rows = command_table({
 
 inline constexpr auto keys_set_rows = command_rows({
     {"key", "Set Encryption Key Index [1--4][value]", set_key},
-    {"keylength", "Set Encryption Key Length", dispatch_subtable, key_length_rows.data()},
-    {"keyentrymethod", "Set Encryption Key Entry Method", dispatch_subtable,
-     key_format_rows.data()},
+    family("keylength", "Set Encryption Key Length", key_length_rows),
+    family("keyentrymethod", "Set Encryption Key Entry Method", key_format_rows),
     {"defkeyindex", "Set Default Key Index [1--4]", set_default_key},
     {"passphrase", "Modify Passphrase (size:8--63)", set_value<PASSPHRASE>},
     {"groupkeyupdate", "Set Group Key Update Interval (in Secs: 0(no update) or 300-99999)",

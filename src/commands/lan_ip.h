@@ -27,7 +27,7 @@ inline constexpr auto lan_ip_set_rows = command_rows({
      set_host_address<"/wan/rg/inf:1/static/gateway", APPLY_WAN, "No gateway!\n">},
     {"nameaddr", "Set DNS Address",
      set_host_address<"/dnsrelay/server/primarydns", APPLY_WAN, "No nameaddr!\n">},
-    {"ipmode", "Set IP Mode", dispatch_subtable, ip_mode_rows.data()},
+    family("ipmode", "Set IP Mode", ip_mode_rows),
 });
 
 inline constexpr auto lan_ip_get_rows = command_rows({

@@ -17,7 +17,7 @@ inline constinit auto mcast_rate_rows = command_table({
 });
 
 inline constexpr auto mcast_rate_set_rows = command_rows({
-    {"mcastrate", "Set mcast rate", dispatch_subtable, mcast_rate_rows.data()},
+    family("mcastrate", "Set mcast rate", mcast_rate_rows),
 });
 
 inline constexpr auto mcast_rate_get_rows = command_rows({

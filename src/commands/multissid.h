@@ -206,16 +206,13 @@ inline constinit auto multi_cipher_rows =
     });
 
 inline constexpr auto multissid_set_rows = command_rows({
-    {"multi-state", "Set Multi-SSID state", dispatch_subtable, multi_state_rows.data()},
-    {"multi-pri-state", "Set priority by SSID", dispatch_subtable,
-     switch_rows<"/wlan/inf:%d/multi/pri_by_ssid", APPLY_WLAN, "priority by SSID">.data()},
-    {"multi-ind-state", "Set state of individual Multi-SSID", dispatch_subtable,
-     multi_ind_state_rows.data()},
-    {"multi-ssidhidden", "Set SSID hidden of Multi-SSID", dispatch_subtable,
-     multi_ssid_hidden_rows.data()},
-    {"multi-wmm", "Set WMM of Multi-SSID", dispatch_subtable, multi_wmm_rows.data()},
-    {"multi-w-partition", "Set wireless partition of Multi-SSID", dispatch_subtable,
-     multi_partition_rows.data()},
+    family("multi-state", "Set Multi-SSID state", multi_state_rows),
+    family("multi-pri-state", "Set priority by SSID",
+           switch_rows<"/wlan/inf:%d/multi/pri_by_ssid", APPLY_WLAN, "priority by SSID">),
+    family("multi-ind-state", "Set state of individual Multi-SSID", multi_ind_state_rows),
+    family("multi-ssidhidden", "Set SSID hidden of Multi-SSID", multi_ssid_hidden_rows),
+    family("multi-wmm", "Set WMM of Multi-SSID", multi_wmm_rows),
+    family("multi-w-partition", "Set wireless partition of Multi-SSID", multi_partition_rows),
     {"multi-ssid", "Set SSID of Multi-SSID [value][index]", set_slot<SLOT_SSID>},
     {"multi-passphrase", "Set Passphrase of Multi-SSID [value][index] (size:8--63)",
      set_slot<SLOT_PASSPHRASE>},
@@ -226,9 +223,8 @@ inline constexpr auto multissid_set_rows = command_rows({
     {"multi-priority", "Set Priority of Multi-SSID [value][index] (range:1--4094)",
      set_slot<SLOT_PRIORITY>},
     {"priority", "Set Priority of primary SSID", set_value<PRIORITY>},
-    {"multi-auth", "Set Authentication Type of Multi-SSID", dispatch_subtable,
-     multi_authentication_rows.data()},
-    {"multi-cipher", "Set Cipher of Multi-SSID", dispatch_subtable, multi_cipher_rows.data()},
+    family("multi-auth", "Set Authentication Type of Multi-SSID", multi_authentication_rows),
+    family("multi-cipher", "Set Cipher of Multi-SSID", multi_cipher_rows),
 });
 
 inline constexpr auto multissid_get_rows = command_rows({

@@ -26,7 +26,7 @@ inline constinit auto ap_mode_rows = command_table({
 });
 
 inline constexpr auto opmode_set_rows = command_rows({
-    {"apmode", "Set operating mode", dispatch_subtable, ap_mode_rows.data()},
+    family("apmode", "Set operating mode", ap_mode_rows),
 });
 
 inline constexpr auto opmode_get_rows = command_rows({

@@ -23,17 +23,18 @@ CliHandler list_qos_rules;
 
 // The displays call the classifiers by other names. Meant so.
 inline constinit auto qos_classifier_rows = command_table({
-    {"http", "Set HTTP Classifier Status", dispatch_subtable,
-     reporting_switch_rows<"/qos/classifiers/http", APPLY_QOS, "HTTP Classifier Status",
-                           "Qos HTTP Classifier">.data()},
-    {"auto", "Set Auto Classifier Status", dispatch_subtable,
-     reporting_switch_rows<"/qos/classifiers/auto", APPLY_QOS, "Auto Classifier Status",
-                           "Qos Auto Classifier">.data()},
+    family("http", "Set HTTP Classifier Status",
+           reporting_switch_rows<"/qos/classifiers/http", APPLY_QOS, "HTTP Classifier Status",
+                                 "Qos HTTP Classifier">),
+    family("auto", "Set Auto Classifier Status",
+           reporting_switch_rows<"/qos/classifiers/auto", APPLY_QOS, "Auto Classifier Status",
+                                 "Qos Auto Classifier">),
 });
 
 inline constinit auto qos_all_rules_rows = command_table({
-    {"status", "Set QoS Rules Status", dispatch_subtable,
-     reporting_switch_rows<"/qos/rule/enable", APPLY_QOS, "QoS Rules Status", "QoS Rules Status">.data()},
+    family("status", "Set QoS Rules Status",
+           reporting_switch_rows<"/qos/rule/enable", APPLY_QOS, "QoS Rules Status",
+                                 "QoS Rules Status">),
 });
 
 inline constinit auto qos_rule_rows = command_table({
@@ -44,11 +45,11 @@ inline constinit auto qos_rule_rows = command_table({
 });
 
 inline constinit auto qos_rows = command_table({
-    {"status", "Set QoS Status", dispatch_subtable,
-     reporting_switch_rows<"/qos/enable", APPLY_QOS, "Qos Status", "Qos Status">.data()},
-    {"classifier", "Set Qos Classifier Status", dispatch_subtable, qos_classifier_rows.data()},
-    {"allrules", "Enable/Disable Qos Rules", dispatch_subtable, qos_all_rules_rows.data()},
-    {"rule", "Add/Delete/Apply/Suspend Qos Rules", dispatch_subtable, qos_rule_rows.data()},
+    family("status", "Set QoS Status",
+           reporting_switch_rows<"/qos/enable", APPLY_QOS, "Qos Status", "Qos Status">),
+    family("classifier", "Set Qos Classifier Status", qos_classifier_rows),
+    family("allrules", "Enable/Disable Qos Rules", qos_all_rules_rows),
+    family("rule", "Add/Delete/Apply/Suspend Qos Rules", qos_rule_rows),
 });
 
 inline constinit auto qos_classifier_shows = command_table({
@@ -69,8 +70,8 @@ inline constinit auto qos_all_rules_shows = command_table({
 inline constinit auto qos_shows = command_table({
     {"status", "Get QoS Status",
      show_status<"/qos/enable", "Qos Status: Disable\n", "Qos Status: Enable\n">},
-    {"classifier", "Get Qos Classifier Status", dispatch_subtable, qos_classifier_shows.data()},
-    {"allrules", "Show QoS Rules", dispatch_subtable, qos_all_rules_shows.data()},
+    family("classifier", "Get Qos Classifier Status", qos_classifier_shows),
+    family("allrules", "Show QoS Rules", qos_all_rules_shows),
 });
 
 inline constinit auto traffic_manager_shows = command_table({
@@ -80,14 +81,14 @@ inline constinit auto traffic_manager_shows = command_table({
 });
 
 inline constexpr auto qos_set_rows = command_rows({
-    {"qos", "Set QoS", dispatch_subtable, qos_rows.data()},
+    family("qos", "Set QoS", qos_rows),
     // Restarts the WAN side, not the QoS service. Meant so.
-    {"trafficmgr", "Set Traffic Manager", dispatch_subtable,
-     reporting_switch_rows<"/trafficmgr/enable", APPLY_WAN, "Traffic Manager Status",
-                           "Traffic Manager Status">.data()},
+    family("trafficmgr", "Set Traffic Manager",
+           reporting_switch_rows<"/trafficmgr/enable", APPLY_WAN, "Traffic Manager Status",
+                                 "Traffic Manager Status">),
 });
 
 inline constexpr auto qos_get_rows = command_rows({
-    {"qos", "Display QoS", dispatch_subtable, qos_shows.data()},
-    {"trafficmgr", "Display Traffic Manager", dispatch_subtable, traffic_manager_shows.data()},
+    family("qos", "Display QoS", qos_shows),
+    family("trafficmgr", "Display Traffic Manager", traffic_manager_shows),
 });

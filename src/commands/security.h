@@ -105,8 +105,8 @@ inline constinit auto cipher_rows = command_table_of(CIPHERS, [](const SecurityT
 });
 
 inline constexpr auto security_set_rows = command_rows({
-    {"authentication", "Set Authentication Type", dispatch_subtable, authentication_rows.data()},
-    {"cipher", "Set Cipher", dispatch_subtable, cipher_rows.data()},
+    family("authentication", "Set Authentication Type", authentication_rows),
+    family("cipher", "Set Cipher", cipher_rows),
 });
 
 inline constexpr auto security_get_rows = command_rows({

@@ -28,9 +28,9 @@ inline constinit auto assoc_limit_rows = command_table({
 
 inline constexpr auto web_set_rows = command_rows({
     {"web", "Set web server (enable/disable)", set_web},
-    {"assoclimit", "Set association limit", dispatch_subtable, assoc_limit_rows.data()},
-    {"igmpsnoop", "Set IGMP snooping", dispatch_subtable,
-     switch_rows<"/wlan/inf:%d/igmpsnoop", APPLY_WLAN, "igmpsnoop">.data()},
+    family("assoclimit", "Set association limit", assoc_limit_rows),
+    family("igmpsnoop", "Set IGMP snooping",
+           switch_rows<"/wlan/inf:%d/igmpsnoop", APPLY_WLAN, "igmpsnoop">),
 });
 
 inline constexpr auto web_get_rows = command_rows({

@@ -25,7 +25,7 @@ inline constinit auto zone_defence_rows = command_table({
 });
 
 inline constexpr auto zone_defence_set_rows = command_rows({
-    {"zonedefence", "Set Zone Defence status", dispatch_subtable, zone_defence_rows.data()},
+    family("zonedefence", "Set Zone Defence status", zone_defence_rows),
     {"zone-defence-addip", "Add Zone Defence IP Address", add_zone_address},
     {"zone-defence-delip", "Del Zone Defence IP Address", delete_zone_address},
 });

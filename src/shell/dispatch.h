@@ -40,3 +40,10 @@ int cli_dispatch(CliContext &cli, CliCommand *table);
 // Handler of every family row: asks for the listing of the family when no word is left, else
 // dispatches into the subtable. Returns 1 for a null subtable.
 CliHandler dispatch_subtable;
+
+// The row of a family, with the family's table.
+template <std::size_t N>
+constexpr CliCommand family(const char *name, const char *help, std::array<CliCommand, N> &table,
+                            const char *tag = nullptr) {
+    return {name, help, dispatch_subtable, table.data(), tag};
+}
