@@ -44,10 +44,10 @@ inline constinit auto array_role_rows = command_table({
 });
 
 inline constinit auto array_sync_enable_rows =
-    join_rows(array_sync_rows(SYNC_WORDS, SYNC_ENABLE_HELP, enable_array_sync));
+    make_table(array_sync_rows(SYNC_WORDS, SYNC_ENABLE_HELP, enable_array_sync));
 
 inline constinit auto array_sync_disable_rows =
-    join_rows(array_sync_rows(SYNC_WORDS, SYNC_DISABLE_HELP, disable_array_sync));
+    make_table(array_sync_rows(SYNC_WORDS, SYNC_DISABLE_HELP, disable_array_sync));
 
 inline constexpr auto aparray_set_rows = command_rows({
     family("aparray-state", "Set  AP Array state", aparray_state_rows),
@@ -85,5 +85,5 @@ inline constexpr auto array_sync_band_get_rows = command_rows({
 });
 
 inline constexpr auto aparray_get_rows =
-    concat_rows(array_get_rows, array_sync_rows(SYNC_GET_NAMES, SYNC_GET_HELP, get_array_sync),
-                array_sync_band_get_rows);
+    join_rows(array_get_rows, array_sync_rows(SYNC_GET_NAMES, SYNC_GET_HELP, get_array_sync),
+              array_sync_band_get_rows);

@@ -77,9 +77,9 @@ consteval std::array<CliCommand, N> command_rows(const CliCommand (&rows)[N]) {
 }
 
 // Several groups of rows as one, in the given order. Not consteval, since clang does not take the
-// groups of join_rows for constants.
+// groups of make_table for constants.
 template <std::size_t... N>
-constexpr auto concat_rows(const std::array<CliCommand, N> &...groups) {
+constexpr auto join_rows(const std::array<CliCommand, N> &...groups) {
     std::array<CliCommand, (N + ... + 0)> rows{};
     std::size_t next = 0;
     [[maybe_unused]] const auto append = [&](const auto &group) {
@@ -92,8 +92,8 @@ constexpr auto concat_rows(const std::array<CliCommand, N> &...groups) {
 
 // The rows of several families in the given order, with the sentinel behind them.
 template <std::size_t... N>
-consteval auto join_rows(const std::array<CliCommand, N> &...groups) {
-    const auto table = concat_rows(groups..., std::array{CliCommand{"", nullptr, nullptr}});
+consteval auto make_table(const std::array<CliCommand, N> &...groups) {
+    const auto table = join_rows(groups..., std::array{CliCommand{"", nullptr, nullptr}});
     table_checks::check_rows(table);
     return table;
 }
@@ -101,7 +101,7 @@ consteval auto join_rows(const std::array<CliCommand, N> &...groups) {
 // A complete table of one family.
 template <std::size_t N>
 consteval CommandTable<N> command_table(const CliCommand (&rows)[N]) {
-    return join_rows(command_rows(rows));
+    return make_table(command_rows(rows));
 }
 
 // A table with one row for every item of `items`, as `make_row` makes it.
@@ -110,7 +110,7 @@ consteval CommandTable<N> command_table_of(const Item (&items)[N], MakeRow make_
     std::array<CliCommand, N> rows{};
     for (std::size_t row = 0; row < N; ++row)
         rows[row] = make_row(items[row]);
-    return join_rows(rows);
+    return make_table(rows);
 }
 
 // The item behind the row that was typed, in the table that command_table_of made of `items`.

@@ -2,4 +2,4 @@
 
 #include "shell/builtins.h"
 
-inline constinit auto clear_table = join_rows(language_pack_clear_rows);
+inline constinit auto clear_table = make_table(language_pack_clear_rows);

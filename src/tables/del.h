@@ -2,4 +2,4 @@
 
 #include "commands/keys.h"
 
-inline constinit auto del_table = join_rows(keys_del_rows);
+inline constinit auto del_table = make_table(keys_del_rows);

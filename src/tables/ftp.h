@@ -2,4 +2,4 @@
 
 #include "commands/transfer.h"
 
-inline constinit auto ftp_table = join_rows(transfer_ftp_rows);
+inline constinit auto ftp_table = make_table(transfer_ftp_rows);

@@ -30,7 +30,7 @@
 
 // Families in the order of the device's subsystems; it settles ties between prefixes and never
 // changes.
-inline constinit auto get_table = join_rows(
+inline constinit auto get_table = make_table(
     lan_ip_get_rows, radio_get_rows, channel_get_rows, mcast_rate_get_rows, acl_rogue_get_rows,
     clients_get_rows, opmode_get_rows, security_get_rows, keys_get_rows, multissid_get_rows,
     wds_get_rows, dynamic_wep_get_rows, syslog_get_rows, time_get_rows, mfc_get_rows,

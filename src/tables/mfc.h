@@ -2,4 +2,4 @@
 
 #include "commands/mfc.h"
 
-inline constinit auto mfc_table = join_rows(mfc_rows);
+inline constinit auto mfc_table = make_table(mfc_rows);

@@ -31,7 +31,7 @@
 
 // Families in the order of the device's subsystems; it settles ties between prefixes and never
 // changes.
-inline constinit auto set_table = join_rows(
+inline constinit auto set_table = make_table(
     apply_set_rows, lan_ip_set_rows, radio_set_rows, channel_set_rows, mcast_rate_set_rows,
     acl_rogue_set_rows, opmode_set_rows, security_set_rows, keys_set_rows, multissid_set_rows,
     wds_set_rows, dynamic_wep_set_rows, syslog_set_rows, time_set_rows, factory_set_rows,

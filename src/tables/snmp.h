@@ -5,5 +5,5 @@
 #include "commands/snmp_trap.h"
 #include "commands/snmp_usm.h"
 
-inline constinit auto snmp_table = join_rows(snmp_usm_snmp_rows, snmp_trap_snmp_rows,
-                                             snmp_host_snmp_rows, snmp_community_snmp_rows);
+inline constinit auto snmp_table = make_table(snmp_usm_snmp_rows, snmp_trap_snmp_rows,
+                                              snmp_host_snmp_rows, snmp_community_snmp_rows);

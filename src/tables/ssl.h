@@ -2,4 +2,4 @@
 
 #include "commands/factory.h"
 
-inline constinit auto ssl_table = join_rows(factory_ssl_rows);
+inline constinit auto ssl_table = make_table(factory_ssl_rows);

@@ -3,4 +3,4 @@
 #include "shell/command.h"
 
 // The diagnostics have no commands yet.
-inline constinit auto test_table = join_rows();
+inline constinit auto test_table = make_table();

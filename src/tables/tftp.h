@@ -2,4 +2,4 @@
 
 #include "commands/transfer.h"
 
-inline constinit auto tftp_table = join_rows(transfer_tftp_rows);
+inline constinit auto tftp_table = make_table(transfer_tftp_rows);
