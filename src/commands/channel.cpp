@@ -138,7 +138,7 @@ int get_available_channels(CliContext &, const char *, CliCommand *) {
 }
 
 int set_country(CliContext &, const char *, CliCommand *) {
-    const Country &country = typed_item(SETTABLE_COUNTRIES, country_rows);
+    const Country &country = item_of_current_row(SETTABLE_COUNTRIES, country_rows);
     run_command("mfc setcountrycode %d", country.code);
     cfg_set_number(country.code, "/runtime/layout/countrycode");
     return mark_for_apply(APPLY_WLAN);

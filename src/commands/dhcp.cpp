@@ -27,9 +27,9 @@ constexpr StaticColumn MACS = {NumberedList("/lan/dhcp/server/pool:1/staticdhcp/
 int add_to_column(const StaticColumn &column, ValueBuffer &stored, const char *text) {
     // Entries behind the pool count as duplicates, too.
     const ListPlace place = find_in_list(column.list, stored, text, LIST_BOUND);
-    if (place.end() == ListEnd::Unreadable)
+    if (place.end() == SearchResult::Unreadable)
         return CLI_REFUSED;
-    if (place.end() == ListEnd::Match)
+    if (place.end() == SearchResult::Match)
         return refuse("%s", column.exists);
     const std::optional<int> vacancy = place.vacancy();
     if (!vacancy || *vacancy > STATIC_LEASE_COUNT)
@@ -53,11 +53,13 @@ int set_dhcp_leasetime(CliContext &cli, const char *, CliCommand *) {
 }
 
 int enable_static_lease(CliContext &, const char *, CliCommand *) {
-    return switch_static_lease(typed_item(STATIC_LEASES.leases, static_lease_enable_rows), "1");
+    return switch_static_lease(item_of_current_row(STATIC_LEASES.leases, static_lease_enable_rows),
+                               "1");
 }
 
 int disable_static_lease(CliContext &, const char *, CliCommand *) {
-    return switch_static_lease(typed_item(STATIC_LEASES.leases, static_lease_disable_rows), "0");
+    return switch_static_lease(item_of_current_row(STATIC_LEASES.leases, static_lease_disable_rows),
+                               "0");
 }
 
 int add_static_hostname(CliContext &cli, const char *, CliCommand *) {

@@ -26,7 +26,7 @@ const char *rate_word(const CliContext &cli, int code) {
 } // namespace
 
 int set_fixed_rate(CliContext &cli, const char *, CliCommand *) {
-    const FixedRate &rate = typed_item(FIXED_RATES, fixed_rate_rows);
+    const FixedRate &rate = item_of_current_row(FIXED_RATES, fixed_rate_rows);
     const int code = rate_code(cli, rate);
     if (code != NO_RATE_CODE)
         cfg_set_number(code, "/wlan/inf:%d/fixedrate", interface_number(cli));

@@ -41,7 +41,7 @@ int show_node_name(const CliContext &cli, const char *path, const char *format, 
     return CLI_DONE;
 }
 
-int show_status_line(const char *path, std::initializer_list<const char *> lines) {
+int print_numbered_line(const char *path, std::initializer_list<const char *> lines) {
     ValueBuffer value(10);
     if (!value || cfg_get_plain(value, path) != 0)
         return refuse(FAIL_TO_ALLOCATE);

@@ -69,7 +69,7 @@ int show_node_name(const CliContext &cli, const char *path, const char *format, 
 // for any other number "Error: unknown Linited Administration type", whatever is displayed (meant
 // so). Returns 0; or -1 after "Error: fail to allocate memery" when the read failed or memory ran
 // out.
-int show_status_line(const char *path, std::initializer_list<const char *> lines);
+int print_numbered_line(const char *path, std::initializer_list<const char *> lines);
 
 // "enable" for exactly 1, else "disable".
 const char *switch_name(int number);
@@ -120,8 +120,8 @@ int show_name(CliContext &cli, const char *, CliCommand *) {
 }
 
 template <FixedText Path, FixedText... Lines>
-int show_status(CliContext &, const char *, CliCommand *) {
-    return show_status_line(Path.text, {Lines.text...});
+int show_numbered_line(CliContext &, const char *, CliCommand *) {
+    return print_numbered_line(Path.text, {Lines.text...});
 }
 
 template <FixedText Path, std::uint32_t Low, std::uint32_t High, std::uint32_t ApplyBits,

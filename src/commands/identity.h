@@ -47,5 +47,5 @@ inline constexpr auto identity_get_rows = command_rows({
     {"systemname", "Get System Name", run_fixed<"rgdb -g /sys/systemname">},
     {"hostname", "Get System Name", run_fixed<"rgdb -g /sys/hostname">, nullptr, DEBUG_TAG},
     {"pingctl", "Ping Control",
-     show_status<"/sys/pingctl", "Ping Control: Enable\n", "Ping Control: Disable\n">},
+     show_numbered_line<"/sys/pingctl", "Ping Control: Enable\n", "Ping Control: Disable\n">},
 });

@@ -44,10 +44,10 @@ inline constexpr auto limited_admin_set_rows = command_rows({
 
 inline constexpr auto limited_admin_get_rows = command_rows({
     {"ladtype", "Limited Administration Type",
-     show_status<ADMIN_LIMIT_TYPE, "Limited Administration Disabled\n",
-                 "Administration with specific VLAN ID\n",
-                 "Administration with Limited IP address\n",
-                 "Administration with Limited IP address and VLAN ID\n">},
+     show_numbered_line<ADMIN_LIMIT_TYPE, "Limited Administration Disabled\n",
+                        "Administration with specific VLAN ID\n",
+                        "Administration with Limited IP address\n",
+                        "Administration with Limited IP address and VLAN ID\n">},
     {"ladvid", "Vlan ID which can control device", get_admin_limit_vid},
     {"ladippool", "Start IP of Limited Administration IP pool", get_admin_pool},
 });

@@ -51,7 +51,8 @@ int enable_multi_ssid(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
-    const SlotAuthentication &type = typed_item(SLOT_AUTHENTICATIONS, multi_authentication_rows);
+    const SlotAuthentication &type =
+        item_of_current_row(SLOT_AUTHENTICATIONS, multi_authentication_rows);
     Slot slot{};
     if (!take_only_slot(cli, slot, AUTHENTICATION_SLOT_NOT_SPECIFIED))
         return CLI_DONE;
@@ -62,7 +63,7 @@ int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
-    const SlotCipher &cipher = typed_item(SLOT_CIPHERS, multi_cipher_rows);
+    const SlotCipher &cipher = item_of_current_row(SLOT_CIPHERS, multi_cipher_rows);
     Slot slot{};
     if (!take_only_slot(cli, slot, CIPHER_SLOT_NOT_SPECIFIED))
         return CLI_DONE;

@@ -34,11 +34,11 @@ ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *t
                        int first) {
     for (int index = first; index <= capacity; ++index) {
         if (list.read(value, index) != 0)
-            return {ListEnd::Unreadable, index};
+            return {SearchResult::Unreadable, index};
         if (value.data[0] == '\0')
-            return {ListEnd::Empty, index};
+            return {SearchResult::Empty, index};
         if (std::strcmp(value.data, text) == 0)
-            return {ListEnd::Match, index};
+            return {SearchResult::Match, index};
     }
-    return {ListEnd::Full, capacity + 1};
+    return {SearchResult::Full, capacity + 1};
 }

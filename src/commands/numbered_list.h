@@ -46,7 +46,7 @@ private:
 };
 
 // What a walk along a list met first.
-enum class ListEnd {
+enum class SearchResult {
     Match,      // an entry that equals the text
     Empty,      // an empty entry
     Unreadable, // an entry that could not be read, which was reported: refuse silently
@@ -56,20 +56,20 @@ enum class ListEnd {
 // Where a walk ended. The number of an entry comes only with what the entry is.
 class ListPlace {
 public:
-    constexpr ListPlace(ListEnd end, int index) : end_(end), index_(index) {}
+    constexpr ListPlace(SearchResult end, int index) : end_(end), index_(index) {}
 
-    [[nodiscard]] ListEnd end() const { return end_; }
+    [[nodiscard]] SearchResult end() const { return end_; }
 
     // The entry that equals the text, or the empty one; nothing when the walk ended otherwise.
-    [[nodiscard]] std::optional<int> match() const { return index_at(ListEnd::Match); }
-    [[nodiscard]] std::optional<int> vacancy() const { return index_at(ListEnd::Empty); }
+    [[nodiscard]] std::optional<int> match() const { return index_at(SearchResult::Match); }
+    [[nodiscard]] std::optional<int> vacancy() const { return index_at(SearchResult::Empty); }
 
 private:
-    [[nodiscard]] std::optional<int> index_at(ListEnd end) const {
+    [[nodiscard]] std::optional<int> index_at(SearchResult end) const {
         return end_ == end ? std::optional(index_) : std::nullopt;
     }
 
-    ListEnd end_;
+    SearchResult end_;
     int index_;
 };
 

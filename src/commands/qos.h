@@ -52,32 +52,33 @@ inline constinit auto qos_rows = command_table({
     family("rule", "Add/Delete/Apply/Suspend Qos Rules", qos_rule_rows),
 });
 
-inline constinit auto qos_classifier_shows = command_table({
+inline constinit auto qos_classifier_get_rows = command_table({
     {"http", "HTTP Classifier Status",
-     show_status<"/qos/classifiers/http", "Qos Http Classifier: Disable\n",
-                 "Qos Http Classifier: Enable\n">},
+     show_numbered_line<"/qos/classifiers/http", "Qos Http Classifier: Disable\n",
+                        "Qos Http Classifier: Enable\n">},
     {"auto", "Auto Classifier Status",
-     show_status<"/qos/classifiers/auto", "Automatical Classifier: Disable\n",
-                 "Automatical Classifier: Enable\n">},
+     show_numbered_line<"/qos/classifiers/auto", "Automatical Classifier: Disable\n",
+                        "Automatical Classifier: Enable\n">},
 });
 
-inline constinit auto qos_all_rules_shows = command_table({
+inline constinit auto qos_all_rules_get_rows = command_table({
     {"status", "QoS Rules Status",
-     show_status<"/qos/rule/enable", "QoS Rules Status: Disable\n", "QoS Rules Status: Enable\n">},
+     show_numbered_line<"/qos/rule/enable", "QoS Rules Status: Disable\n",
+                        "QoS Rules Status: Enable\n">},
     {"list", "Show Qos Rules", list_qos_rules},
 });
 
 inline constinit auto qos_shows = command_table({
     {"status", "Get QoS Status",
-     show_status<"/qos/enable", "Qos Status: Disable\n", "Qos Status: Enable\n">},
-    family("classifier", "Get Qos Classifier Status", qos_classifier_shows),
-    family("allrules", "Show QoS Rules", qos_all_rules_shows),
+     show_numbered_line<"/qos/enable", "Qos Status: Disable\n", "Qos Status: Enable\n">},
+    family("classifier", "Get Qos Classifier Status", qos_classifier_get_rows),
+    family("allrules", "Show QoS Rules", qos_all_rules_get_rows),
 });
 
-inline constinit auto traffic_manager_shows = command_table({
+inline constinit auto traffic_manager_get_rows = command_table({
     {"status", "Get Traffic Manager Status",
-     show_status<"/trafficmgr/enable", "Traffic Manager Status: Disable\n",
-                 "Traffic Manager Status: Enable\n">},
+     show_numbered_line<"/trafficmgr/enable", "Traffic Manager Status: Disable\n",
+                        "Traffic Manager Status: Enable\n">},
 });
 
 inline constexpr auto qos_set_rows = command_rows({
@@ -90,5 +91,5 @@ inline constexpr auto qos_set_rows = command_rows({
 
 inline constexpr auto qos_get_rows = command_rows({
     family("qos", "Display QoS", qos_shows),
-    family("trafficmgr", "Display Traffic Manager", traffic_manager_shows),
+    family("trafficmgr", "Display Traffic Manager", traffic_manager_get_rows),
 });

@@ -92,7 +92,7 @@ int set_cwm_auto(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_wireless_mode(CliContext &, const char *, CliCommand *) {
-    const WirelessMode &mode = typed_item(WIRELESS_MODES, wireless_mode_rows);
+    const WirelessMode &mode = item_of_current_row(WIRELESS_MODES, wireless_mode_rows);
     cfg_set_number(mode.value, "/wlan/inf:1/wlmode");
     return mark_for_apply(APPLY_WLAN);
 }

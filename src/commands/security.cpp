@@ -178,7 +178,7 @@ const char *cipher_line(int cipher) {
 // The tool's writes bypass the array's bookkeeping, unlike the fix-up's. Meant so.
 
 int set_authentication(CliContext &cli, const char *, CliCommand *) {
-    const int type = typed_item(AUTHENTICATION_TYPES, authentication_rows).value;
+    const int type = item_of_current_row(AUTHENTICATION_TYPES, authentication_rows).value;
     int outcome = security_check(SecurityChange::Authentication, type);
     if (outcome > 0) {
         outcome = security_fixup(cli, SecurityChange::Authentication, type);
@@ -194,7 +194,7 @@ int set_authentication(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_cipher(CliContext &cli, const char *, CliCommand *) {
-    const int cipher = typed_item(CIPHERS, cipher_rows).value;
+    const int cipher = item_of_current_row(CIPHERS, cipher_rows).value;
     if (const int check = security_check(SecurityChange::Cipher, cipher); check != 0)
         return check == SECURITY_UNKNOWN ? CLI_REFUSED : CLI_DONE;
     run_command("rgdb -s /wlan/inf:%d/wpa/wepmode %d", interface_number(cli), cipher);

@@ -35,9 +35,9 @@ int refuse_long_community() {
 int check_view(const char *name) {
     UsualValue value;
     switch (find_snmp_row(SNMP_VIEWS, value, name).end()) {
-    case ListEnd::Match:
+    case SearchResult::Match:
         return CLI_DONE;
-    case ListEnd::Unreadable:
+    case SearchResult::Unreadable:
         return CLI_REFUSED;
     default:
         return refuse("\n The view %s doesn't exist !\n", name);

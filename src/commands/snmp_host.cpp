@@ -47,10 +47,10 @@ int check_words(NewHost &host) {
 
 int check_community(const NewHost &host) {
     UsualValue value;
-    const ListEnd end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).end();
-    if (end == ListEnd::Unreadable)
+    const SearchResult end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).end();
+    if (end == SearchResult::Unreadable)
         return CLI_REFUSED;
-    if (end == ListEnd::Match)
+    if (end == SearchResult::Match)
         return CLI_DONE;
     for (const char *node : {SNMP_PRIVATE_COMMUNITY, SNMP_PUBLIC_COMMUNITY}) {
         if (cfg_get_plain(value, node) != 0)
@@ -74,7 +74,7 @@ bool seems_off(const char *column, int row) {
 int check_user(const NewHost &host) {
     UsualValue value;
     const ListPlace user = find_snmp_row(SNMP_USERS, value, host.community);
-    if (user.end() == ListEnd::Unreadable)
+    if (user.end() == SearchResult::Unreadable)
         return CLI_REFUSED;
     const std::optional<int> row = user.match();
     if (!row)

@@ -114,9 +114,9 @@ void report_existing_snmp_row(const SnmpTable &table, const char *stored, const 
 
 ListPlace place_new_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) {
     const ListPlace place = find_snmp_row(table, value, name);
-    if (place.end() == ListEnd::Match)
+    if (place.end() == SearchResult::Match)
         report_existing_snmp_row(table, value.data, name);
-    else if (place.end() == ListEnd::Full)
+    else if (place.end() == SearchResult::Full)
         cli_printf("%s\n", table.full);
     return place;
 }
@@ -135,7 +135,7 @@ int finish_snmp_change(const char *message) {
 
 int delete_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) {
     const ListPlace place = find_snmp_row(table, value, name);
-    if (place.end() == ListEnd::Unreadable)
+    if (place.end() == SearchResult::Unreadable)
         return CLI_REFUSED;
     const std::optional<int> row = place.match();
     if (!row)
@@ -159,7 +159,7 @@ int delete_all_snmp_rows(const SnmpTable &table, ReadTarget value, const char *n
     // often than there are rows, for a database that does not delete.
     for (int times = 0; times < table.capacity; ++times) {
         const ListPlace place = find_snmp_row(table, value, name);
-        if (place.end() == ListEnd::Unreadable)
+        if (place.end() == SearchResult::Unreadable)
             return CLI_REFUSED;
         const std::optional<int> row = place.match();
         if (!row)

@@ -151,10 +151,10 @@ std::optional<bool> has_views(const CliContext &cli) {
     int word = FIRST_VIEW_WORD;
     for (const char *view : GROUP_VIEWS) {
         CutSnmpText value;
-        const ListEnd end = find_snmp_row(SNMP_VIEWS, value, arg_peek(cli, word++)).end();
-        if (end == ListEnd::Match)
+        const SearchResult end = find_snmp_row(SNMP_VIEWS, value, arg_peek(cli, word++)).end();
+        if (end == SearchResult::Match)
             continue;
-        if (end == ListEnd::Unreadable)
+        if (end == SearchResult::Unreadable)
             return std::nullopt;
         cli_printf("\n%s doesn't exist!!\n", view);
         return false;
@@ -170,7 +170,7 @@ ListPlace place_new_view_row(const char *name) {
         report_existing_snmp_row(SNMP_VIEWS, value.text(), name);
         place = find_snmp_row(SNMP_VIEWS, value, name, *row + 1);
     }
-    if (place.end() == ListEnd::Full)
+    if (place.end() == SearchResult::Full)
         cli_printf("%s\n", SNMP_VIEWS.full);
     return place;
 }
@@ -254,7 +254,7 @@ int add_snmp_group(CliContext &cli, const char *, CliCommand *) {
     const ListPlace place = place_new_snmp_row(SNMP_GROUPS, value, name);
     const std::optional<int> row = place.vacancy();
     if (!row)
-        return place.end() == ListEnd::Unreadable ? CLI_REFUSED : CLI_DONE; // the same
+        return place.end() == SearchResult::Unreadable ? CLI_REFUSED : CLI_DONE; // the same
     write_snmp_row(*row, {{"groupname", name},
                           {"seculevel", security_level_name(level)},
                           {"readview", arg_peek(cli, FIRST_VIEW_WORD)},

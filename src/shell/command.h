@@ -115,6 +115,6 @@ consteval CommandTable<N> command_table_of(const Item (&items)[N], MakeRow make_
 
 // The item behind the row that was typed, in the table that command_table_of made of `items`.
 template <class Item, std::size_t N>
-const Item &typed_item(const Item (&items)[N], const CommandTable<N> &table) {
+const Item &item_of_current_row(const Item (&items)[N], const CommandTable<N> &table) {
     return items[current_command - table.data()];
 }
