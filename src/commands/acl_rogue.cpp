@@ -1,7 +1,7 @@
 #include "commands/acl_rogue.h"
 
-#include "commands/address_list.h"
 #include "commands/radio.h"
+#include "commands/shared/address_list.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
 #include "shell/args.h"

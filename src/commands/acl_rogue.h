@@ -2,8 +2,8 @@
 // administrator classifies them.
 #pragma once
 
-#include "commands/fixed_value.h"
-#include "commands/list_display.h"
+#include "commands/shared/fixed_value.h"
+#include "commands/shared/list_display.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

@@ -1,9 +1,9 @@
 // Membership of an access-point array, and which settings the array keeps in step.
 #pragma once
 
-#include "commands/array_sync_rows.h"
-#include "commands/fixed_value.h"
-#include "commands/value_rule.h"
+#include "commands/shared/array_sync_rows.h"
+#include "commands/shared/fixed_value.h"
+#include "commands/shared/value_rule.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

@@ -1,6 +1,6 @@
 #include "commands/autorekey.h"
 
-#include "commands/mail_profile.h"
+#include "commands/shared/mail_profile.h"
 #include "config/node_access.h"
 #include "shell/args.h"
 #include "shell/output.h"

@@ -1,7 +1,7 @@
 #include "commands/dhcp.h"
 
-#include "commands/address.h"
-#include "commands/numbered_list.h"
+#include "commands/shared/address.h"
+#include "commands/shared/numbered_list.h"
 #include "config/node_access.h"
 #include "shell/args.h"
 #include "shell/output.h"

@@ -2,7 +2,7 @@
 // the primary SSID and the multi-SSID slots.
 #pragma once
 
-#include "commands/slot.h"
+#include "commands/shared/slot.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

@@ -1,6 +1,6 @@
 #include "commands/keys.h"
 
-#include "commands/slot.h"
+#include "commands/shared/slot.h"
 #include "config/host_command.h"
 #include "shell/args.h"
 #include "shell/output.h"

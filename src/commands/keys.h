@@ -3,8 +3,8 @@
 // a key hold copies of it.
 #pragma once
 
-#include "commands/fixed_value.h"
-#include "commands/value_rule.h"
+#include "commands/shared/fixed_value.h"
+#include "commands/shared/value_rule.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

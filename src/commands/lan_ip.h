@@ -1,8 +1,8 @@
 // The device's own address: IP address, netmask, gateway, DNS server, and where they come from.
 #pragma once
 
-#include "commands/address_setter.h"
-#include "commands/fixed_value.h"
+#include "commands/shared/address_setter.h"
+#include "commands/shared/fixed_value.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

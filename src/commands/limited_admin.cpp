@@ -1,6 +1,6 @@
 #include "commands/limited_admin.h"
 
-#include "commands/vlan_port.h"
+#include "commands/shared/vlan_port.h"
 #include "config/apply.h"
 #include "config/node_access.h"
 #include "shell/args.h"

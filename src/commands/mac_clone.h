@@ -1,7 +1,7 @@
 // The MAC address that the device presents in place of its own.
 #pragma once
 
-#include "commands/fixed_value.h"
+#include "commands/shared/fixed_value.h"
 
 // `set macclonetype disable|auto|manual`. Returns 0, also after telling an unknown type; or -1,
 // without a word, when there is none.

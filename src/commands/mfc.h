@@ -2,7 +2,7 @@
 // it answers.
 #pragma once
 
-#include "commands/tool_output.h"
+#include "commands/shared/tool_output.h"
 
 // These print what the tool answers, up to 1023 characters, as a line. A count of words that is not
 // the command's is refused with its usage; see below for the exceptions.

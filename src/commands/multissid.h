@@ -4,7 +4,7 @@
 #include "commands/keys.h"
 #include "commands/radio.h"
 #include "commands/security.h"
-#include "commands/slot.h"
+#include "commands/shared/slot.h"
 
 inline constexpr SlotSwitch SLOT_STATE{
     .leaf = "/state",

@@ -1,6 +1,6 @@
 #include "commands/qos.h"
 
-#include "commands/numbered_list.h"
+#include "commands/shared/numbered_list.h"
 #include "config/node_access.h"
 #include "shell/args.h"
 #include "shell/output.h"

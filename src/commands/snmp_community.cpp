@@ -1,6 +1,6 @@
 #include "commands/snmp_community.h"
 
-#include "commands/snmp_table.h"
+#include "commands/shared/snmp_table.h"
 #include "shell/args.h"
 #include "shell/output.h"
 

@@ -1,7 +1,7 @@
 #include "commands/snmp_host.h"
 
-#include "commands/address.h"
-#include "commands/snmp_table.h"
+#include "commands/shared/address.h"
+#include "commands/shared/snmp_table.h"
 #include "config/host_command.h"
 #include "shell/args.h"
 #include "shell/output.h"

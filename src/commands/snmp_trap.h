@@ -1,8 +1,8 @@
 // The SNMP agent's run state, and its traps: whether they are sent, where to, in which version.
 #pragma once
 
-#include "commands/fixed_value.h"
-#include "commands/snmp_table.h"
+#include "commands/shared/fixed_value.h"
+#include "commands/shared/snmp_table.h"
 #include "config/apply.h"
 
 // The setters take one word and refuse other counts with their usage.

@@ -1,7 +1,7 @@
 #include "commands/snmp_usm.h"
 
-#include "commands/fixed_value.h"
-#include "commands/snmp_table.h"
+#include "commands/shared/fixed_value.h"
+#include "commands/shared/snmp_table.h"
 #include "config/unique_fd.h"
 #include "shell/args.h"
 #include "shell/output.h"

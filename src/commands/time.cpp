@@ -1,6 +1,6 @@
 #include "commands/time.h"
 
-#include "commands/address.h"
+#include "commands/shared/address.h"
 #include "config/apply.h"
 #include "config/host_command.h"
 #include "config/node_access.h"

@@ -1,7 +1,7 @@
 // VLAN operation of the bridge: its switches and the VLAN IDs of its ports.
 #pragma once
 
-#include "commands/fixed_value.h"
+#include "commands/shared/fixed_value.h"
 #include "commands/vlan_group.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"

@@ -1,7 +1,7 @@
 // The group VID table: up to 18 VLANs, each with its name and the egress of every port.
 #pragma once
 
-#include "commands/vlan_port.h"
+#include "commands/shared/vlan_port.h"
 #include "config/value_buffer.h"
 #include "shell/command.h"
 

@@ -1,7 +1,7 @@
 #include "commands/wds.h"
 
-#include "commands/numbered_list.h"
 #include "commands/radio.h"
+#include "commands/shared/numbered_list.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
 #include "shell/args.h"

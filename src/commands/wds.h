@@ -1,7 +1,7 @@
 // The wireless distribution system (WDS): peers of the radio, live links, site survey.
 #pragma once
 
-#include "commands/fixed_value.h"
+#include "commands/shared/fixed_value.h"
 #include "shell/dispatch.h"
 
 // Words MAC INDEX, the index 1..4. Replaces what is there. Refuses other counts of words, what is

@@ -1,7 +1,7 @@
 // Web management, the association limit and IGMP snooping.
 #pragma once
 
-#include "commands/fixed_value.h"
+#include "commands/shared/fixed_value.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

@@ -1,7 +1,7 @@
 #include "commands/zone_defence.h"
 
-#include "commands/address.h"
-#include "commands/address_list.h"
+#include "commands/shared/address.h"
+#include "commands/shared/address_list.h"
 #include "shell/output.h"
 
 #include <arpa/inet.h>

@@ -1,8 +1,8 @@
 // Zone defence: the device talks only to a list of addresses.
 #pragma once
 
-#include "commands/fixed_value.h"
-#include "commands/list_display.h"
+#include "commands/shared/fixed_value.h"
+#include "commands/shared/list_display.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

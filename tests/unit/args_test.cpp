@@ -1,7 +1,7 @@
 // Taking words and turning them into values; small text operations.
 #include "typed_line.h"
 
-#include "commands/address.h"
+#include "commands/shared/address.h"
 #include "shell/args.h"
 
 #include <arpa/inet.h>

@@ -1,8 +1,8 @@
 // Displays of the database's lists, a line for each entry up to the first empty one.
 #pragma once
 
-#include "commands/fixed_value.h"
-#include "commands/numbered_list.h"
+#include "commands/shared/fixed_value.h"
+#include "commands/shared/numbered_list.h"
 #include "shell/output.h"
 
 // What is shown of an entry: see printable_text.

@@ -1,4 +1,4 @@
-#include "commands/fixed_value.h"
+#include "commands/shared/fixed_value.h"
 
 #include "config/apply.h"
 #include "config/host_command.h"

@@ -1,4 +1,4 @@
-#include "commands/snmp_table.h"
+#include "commands/shared/snmp_table.h"
 
 #include "config/apply.h"
 #include "config/host_command.h"

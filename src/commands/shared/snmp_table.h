@@ -2,7 +2,7 @@
 // communities do alike.
 #pragma once
 
-#include "commands/numbered_list.h"
+#include "commands/shared/numbered_list.h"
 
 #include <array>
 #include <cstddef>

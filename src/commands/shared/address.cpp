@@ -1,4 +1,4 @@
-#include "commands/address.h"
+#include "commands/shared/address.h"
 
 #include <array>
 #include <cstring>

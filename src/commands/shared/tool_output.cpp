@@ -1,4 +1,4 @@
-#include "commands/tool_output.h"
+#include "commands/shared/tool_output.h"
 
 #include "shell/output.h"
 

@@ -1,4 +1,4 @@
-#include "commands/address_list.h"
+#include "commands/shared/address_list.h"
 
 #include "config/apply.h"
 #include "shell/output.h"

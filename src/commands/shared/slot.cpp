@@ -1,4 +1,4 @@
-#include "commands/slot.h"
+#include "commands/shared/slot.h"
 
 #include "config/apply.h"
 #include "shell/args.h"

@@ -1,7 +1,7 @@
 // Leaves that show what one of the device's tools answers.
 #pragma once
 
-#include "commands/fixed_value.h"
+#include "commands/shared/fixed_value.h"
 #include "config/host_command.h"
 
 // Runs a command line and prints `format` with the tool's output, cut at `limit` (at most 1023)

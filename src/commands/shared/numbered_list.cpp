@@ -1,4 +1,4 @@
-#include "commands/numbered_list.h"
+#include "commands/shared/numbered_list.h"
 
 #include <cstdio>
 #include <cstring>

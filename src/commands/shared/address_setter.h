@@ -1,7 +1,7 @@
 // Rows that store an address of the device: the administrator's only word, in canonical form.
 #pragma once
 
-#include "commands/fixed_value.h"
+#include "commands/shared/fixed_value.h"
 
 // Writes a host address to the node of `path` and sets the apply bits. Returns 0; or -1, with
 // nothing written, after `message`.

@@ -1,6 +1,6 @@
-#include "commands/address_setter.h"
+#include "commands/shared/address_setter.h"
 
-#include "commands/address.h"
+#include "commands/shared/address.h"
 #include "config/apply.h"
 #include "config/node_access.h"
 #include "shell/output.h"

@@ -1,4 +1,4 @@
-#include "commands/value_rule.h"
+#include "commands/shared/value_rule.h"
 
 #include "config/apply.h"
 #include "config/node_access.h"

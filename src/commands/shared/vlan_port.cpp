@@ -1,4 +1,4 @@
-#include "commands/vlan_port.h"
+#include "commands/shared/vlan_port.h"
 
 #include "shell/args.h"
 #include "shell/output.h"

@@ -1,4 +1,4 @@
-#include "commands/mail_profile.h"
+#include "commands/shared/mail_profile.h"
 
 #include "config/node_access.h"
 

@@ -2,7 +2,7 @@
 // radio restarts: access control, zone defence.
 #pragma once
 
-#include "commands/numbered_list.h"
+#include "commands/shared/numbered_list.h"
 
 struct AddressList {
     NumberedList entries;

@@ -5,8 +5,8 @@
 // current band's interface and a leaf such as "/ssid".
 #pragma once
 
-#include "commands/fixed_value.h"
-#include "commands/value_rule.h"
+#include "commands/shared/fixed_value.h"
+#include "commands/shared/value_rule.h"
 #include "config/node_access.h"
 
 inline constexpr int SLOT_COUNT = 3;
