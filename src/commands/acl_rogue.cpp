@@ -145,7 +145,7 @@ int set_rogue_ap(CliContext &cli, const char *, CliCommand *) {
     if (!complete || std::strlen(mac) != std::size(MacText{}) - 1)
         return refuse("error rogue ap setting!\n");
     cli_printf("ddddd\n"); // a trace that belongs to the command
-    // Interface 1 for both bands. Meant so.
+    // Interface 1 for both bands. Deliberate.
     cfg_set(type, "/wlan/inf:1/rogue_ap/client:%s/type", index);
     cfg_set(mac, "/wlan/inf:1/rogue_ap/client:%s/mac", index);
     return mark_for_apply(APPLY_APSCAN);

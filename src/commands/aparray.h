@@ -74,7 +74,7 @@ inline constexpr auto array_get_rows = command_rows({
     {"arraycfg", "Display AP Array config version",
      show_text<"/wlan/inf:1/aparray_cfg_version", "AP array cfg verion: %s\n">, nullptr,
      HIDDEN_TAG},
-    // Shows the password and no table. Meant so.
+    // Shows the password and no table. Deliberate.
     {"arraytable", "Display AP Array table info.", show_array_password, nullptr, HIDDEN_TAG},
 });
 

@@ -42,7 +42,7 @@ int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
 
 int delete_arp_rule(CliContext &cli, const char *, CliCommand *) {
     if (!is_only_word_in(cli, 1, RULES))
-        return refuse("set arpspoofing del <index>(1~8)\n"); // "del". Meant so.
+        return refuse("set arpspoofing del <index>(1~8)\n"); // "del". Deliberate.
     RULE.remove(decimal_value(arg_next(cli)));
     return mark_for_apply(APPLY_ARPSPOOF);
 }

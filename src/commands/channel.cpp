@@ -128,7 +128,7 @@ int set_channel(CliContext &cli, const char *, CliCommand *) {
         return refuse_other_band(band);
     if (!table_holds(band == 0 ? CHANNELS_2G : CHANNELS_5G, channel))
         return refuse_channel_number();
-    cfg_set(word, "/wlan/inf:1/channel"); // interface 1 for both bands. Meant so.
+    cfg_set(word, "/wlan/inf:1/channel"); // interface 1 for both bands. Deliberate.
     return mark_for_apply(APPLY_WLAN);
 }
 

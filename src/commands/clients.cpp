@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int LISTED_SLOTS = 7; // more than the console sets. Meant so.
+constexpr int LISTED_SLOTS = 7; // more than the console sets. Deliberate.
 
 // What a display calls a node.
 struct LabelledNode {

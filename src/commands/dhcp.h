@@ -39,7 +39,7 @@ consteval StaticLeases make_static_leases() {
         lease.number = ++number;
         put_numbered(lease.word, "pool_", number);
         put_numbered(lease.enable_help, "enable dhcp staticip pool ", number);
-        // One of the help texts says the opposite. Meant so.
+        // One of the help texts says the opposite. Deliberate.
         put_numbered(lease.disable_help,
                      number == 22 ? "enable dhcp staticip pool " : "disable dhcp staticip pool ",
                      number);
@@ -75,11 +75,11 @@ inline constinit auto static_lease_disable_rows =
 inline constexpr auto dhcp_set_rows = command_rows({
     family("dhcp_server", "Set dhcp server states ",
            switch_rows<"/lan/dhcp/server/enable", APPLY_DHCPD, "dhcp server">),
-    // Not the node that `get dhcp_staticip_mode` shows, which is the running server's. Meant so,
+    // Not the node that `get dhcp_staticip_mode` shows, which is the running server's. Deliberate,
     // as is the path without its leading slash.
     family("dhcp_server_static_ip_mode", "Set dhcp server static ip mode states ",
            switch_rows<"lan/dhcp/server/pool:1/staticDhcp/enable", APPLY_DHCPD, "dhcp server">),
-    // This address and the netmask restart the LAN side, the others the server alone. Meant so.
+    // This address and the netmask restart the LAN side, the others the server alone. Deliberate.
     {"dhcp_startip", "Set dhcp server start ip  ",
      set_host_address<"/lan/dhcp/server/pool:1/startip", APPLY_LAN, "No IP Address!\n">},
     {"dhcp_endip", "Set dhcp server end ip  ",
@@ -112,7 +112,7 @@ inline constexpr auto dhcp_get_rows = command_rows({
      run_fixed<"rgdb -g /lan/dhcp/server/pool:1/startip">},
     {"dhcp_wins", "Display dhcp server wins ip",
      run_fixed<"rgdb -g /lan/dhcp/server/pool:1/primarywins">},
-    // Labelled like the state. Meant so.
+    // Labelled like the state. Deliberate.
     {"dhcp_leasetime", "Display dhcp server leasetime",
      show_text<"/lan/dhcp/server/pool:1/leasetime", "dhcp server:%s\n">},
     {"dhcp_server", "Display dhcp server states",

@@ -19,10 +19,10 @@ constexpr std::size_t CONFIG_LIMIT = 10240;
 constexpr std::size_t HEADER_SIZE = 100;
 
 // The configuration goes back without its signature and the separator, but with a length that is
-// two bytes more than what is left. Meant so; these bytes are zeros.
+// two bytes more than what is left. Deliberate; these bytes are zeros.
 constexpr std::size_t EXCESS_SIZE = 2;
 
-// Lacks the 0 that would make it octal; the mode is 1204 in octal. Meant so.
+// Lacks the 0 that would make it octal; the mode is 1204 in octal. Deliberate.
 constexpr mode_t CONFIG_MODE = 644;
 
 // A configuration that the system tool saved.

@@ -111,13 +111,13 @@ int add_admin_pool(CliContext &cli, const char *, CliCommand *) {
     }
     const int pool = decimal_value(arg_next(cli));
     if (pool < 1 || pool > POOLS)
-        return CLI_DONE; // without a word. Meant so.
+        return CLI_DONE; // without a word. Deliberate.
     const char *start = arg_next(cli);
     write_pool(pool, start, arg_next(cli));
     return drop_address_limit();
 }
 
-// Deleting the last pool leaves the type alone; only adding looks. Meant so.
+// Deleting the last pool leaves the type alone; only adding looks. Deliberate.
 int delete_admin_pool(CliContext &cli, const char *, CliCommand *) {
     if (is_only_word_in(cli, 1, POOLS))
         write_pool(decimal_value(arg_next(cli)), "", "");

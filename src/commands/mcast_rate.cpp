@@ -117,7 +117,7 @@ int get_mcast_rate(CliContext &cli, const char *, CliCommand *) {
     const int stored = cfg_number("/wlan/inf:%d/%s", interface, band.node);
     const int mode = cfg_number("/wlan/inf:%d/wlmode", interface);
     auto index = static_cast<unsigned>(stored);
-    // The mode may be the other band's. Meant so.
+    // The mode may be the other band's. Deliberate.
     if (index != 0 && (mode == G_BAND.n_only_mode || mode == A_BAND.n_only_mode))
         index += band.legacy.limit - 1;
     if (index == 0)

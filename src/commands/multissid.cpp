@@ -80,7 +80,7 @@ int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
         cli_printf("This cipher selection is not supported by \n%s",
                    authentication_line(authentication));
     }
-    mark_for_apply(APPLY_WLAN); // also after a refusal. Meant so.
+    mark_for_apply(APPLY_WLAN); // also after a refusal. Deliberate.
     return CLI_DONE;
 }
 

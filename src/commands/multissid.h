@@ -18,7 +18,7 @@ inline constexpr SlotSwitch SLOT_SSID_HIDDEN{
                    "(1-3).\n",
     .error_line = "ERROR: Unable to set individual multi-SSID ssid hidden state.\n",
 };
-// Refused in the words of the state. Meant so.
+// Refused in the words of the state. Deliberate.
 inline constexpr SlotSwitch SLOT_WMM{
     .leaf = "/wmm/enable",
     .wrong_count = SLOT_STATE.wrong_count,
@@ -113,7 +113,7 @@ inline constexpr SlotAuthentication SLOT_AUTHENTICATIONS[] = {
 const char *slot_cipher_name(int cipher);
 
 inline constexpr SlotDisplay SHOWN_STATE{"/state", "Multi-SSID", SlotValue::Name, switch_name};
-// In the words of the state. Meant so.
+// In the words of the state. Deliberate.
 inline constexpr SlotDisplay SHOWN_SSID_HIDDEN{"/ssid_hidden", "Multi-SSID", SlotValue::Name,
                                                switch_name};
 inline constexpr SlotDisplay SHOWN_PARTITION{"/w_partition", "Multi-SSID", SlotValue::Name,
@@ -185,7 +185,7 @@ inline constinit auto multi_wmm_rows = command_table({
     {"disable", "disable wmm of Multi-SSID [index]", switch_slot<SLOT_WMM, "0">},
 });
 
-// Stored the other way round: 0 keeps the clients apart. Meant so.
+// Stored the other way round: 0 keeps the clients apart. Deliberate.
 inline constinit auto multi_partition_rows = command_table({
     {"enable", "enable w_partition of Multi-SSID [index]", switch_slot<SLOT_PARTITION, "0">},
     {"disable", "disable w_partition of Multi-SSID [index]", switch_slot<SLOT_PARTITION, "1">},

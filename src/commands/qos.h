@@ -21,7 +21,7 @@ CliHandler delete_qos_rule;
 // All rules that have a name. Words are ignored.
 CliHandler list_qos_rules;
 
-// The displays call the classifiers by other names. Meant so.
+// The displays call the classifiers by other names. Deliberate.
 inline constinit auto qos_classifier_rows = command_table({
     family("http", "Set HTTP Classifier Status",
            reporting_switch_rows<"/qos/classifiers/http", APPLY_QOS, "HTTP Classifier Status",
@@ -83,7 +83,7 @@ inline constinit auto traffic_manager_get_rows = command_table({
 
 inline constexpr auto qos_set_rows = command_rows({
     family("qos", "Set QoS", qos_rows),
-    // Restarts the WAN side, not the QoS service. Meant so.
+    // Restarts the WAN side, not the QoS service. Deliberate.
     family("trafficmgr", "Set Traffic Manager",
            reporting_switch_rows<"/trafficmgr/enable", APPLY_WAN, "Traffic Manager Status",
                                  "Traffic Manager Status">),

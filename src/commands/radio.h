@@ -67,7 +67,7 @@ inline constexpr WirelessMode WIRELESS_MODES[] = {
     {"only-n5G", "wlmode 80211n with 5G", WLMODE_N_5G, "80211n (5GHz)"},
 };
 
-// Stored the other way round: 0 keeps the clients apart. Meant so.
+// Stored the other way round: 0 keeps the clients apart. Deliberate.
 inline constinit auto w_partition_rows = command_table({
     {"enable", "enable w_partition", write_fixed<"/wlan/inf:%d/w_partition", "0", APPLY_WLAN>},
     {"disable", "disable w_partition", write_fixed<"/wlan/inf:%d/w_partition", "1", APPLY_WLAN>},

@@ -56,7 +56,7 @@ Combination combine(CurrentSettings &current, SecurityChange change, int new_val
     return {};
 }
 
-// A WPA type goes with every cipher, WEP and none among them. Meant so.
+// A WPA type goes with every cipher, WEP and none among them. Deliberate.
 bool is_supported(const Combination &security) {
     const bool is_client = security.mode == MODE_CLIENT || security.mode == MODE_REPEATER;
     switch (security.authentication) {
@@ -175,7 +175,7 @@ const char *cipher_line(int cipher) {
     return line_of(find_type(CIPHERS, cipher));
 }
 
-// The tool's writes bypass the array's bookkeeping, unlike the fix-up's. Meant so.
+// The tool's writes bypass the array's bookkeeping, unlike the fix-up's. Deliberate.
 
 int set_authentication(CliContext &cli, const char *, CliCommand *) {
     const int type = item_of_current_row(AUTHENTICATION_TYPES, authentication_rows).value;

@@ -40,7 +40,7 @@ int set_snmp_trap(CliContext &cli, const char *, CliCommand *) {
 int set_snmp_trap_server(CliContext &cli, const char *, CliCommand *) {
     const int count = arg_count(cli);
     if (count == 0) {
-        // Done, though it is refused below and marks nothing. Meant so.
+        // Done, though it is refused below and marks nothing. Deliberate.
         cfg_del(TRAP_SERVER);
         cli_printf("\ndel SNMP Trap Server Ip\n");
     }
@@ -57,7 +57,7 @@ int set_snmp_trap_version(CliContext &cli, const char *, CliCommand *) {
         return refuse("\nsnmp settrapVersion        < Type<1/2/3>"
                       "(1:SNMPv1 / 2:SNMPv2 / 3:SNMPv3) >\n");
     const int version = decimal_value(arg_peek(cli, 0));
-    // Version 3 is offered, but changes nothing. Meant so.
+    // Version 3 is offered, but changes nothing. Deliberate.
     if (version == SNMP_V1 || version == SNMP_V2C) {
         cfg_set_number(version, TRAP_VERSION);
         cli_printf("SNMP Trap Version: SNMPv%d\n", version);

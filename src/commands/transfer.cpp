@@ -19,7 +19,7 @@ using TftpCommand = CommandFormat<ShellWord, CommandValue>;                     
 using FtpCommand = CommandFormat<ShellWord, ShellWord, CommandValue, ShellWord>; // account first
 
 // Takes the host's word and puts its address into `text`. A bad one is told, with `usage` if there
-// is any, and stands as "(null)" in the command line, which is run nevertheless. Meant so.
+// is any, and stands as "(null)" in the command line, which is run nevertheless. Deliberate.
 CommandValue take_host(CliContext &cli, Ipv4Text &text, const char *usage) {
     std::uint32_t address = 0;
     if (arg_ipv4(cli, address) == 0) {

@@ -6,7 +6,7 @@
 // Each refuses other counts of words with its usage.
 
 // Words FILE HOST. Prints what the tool answers, up to 255 characters. A bad host is told, and the
-// transfer is tried all the same. Meant so.
+// transfer is tried all the same. Deliberate.
 CliHandler tftp_get_config;
 CliHandler tftp_get_firmware;
 CliHandler tftp_put_config;

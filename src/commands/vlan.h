@@ -77,7 +77,7 @@ inline constexpr auto vlan_set_rows = command_rows({
     family("multi-groupvid", "Set Group VID of Multi-SSID[index]",
            vlan_member_rows<GroupPort::MultiSsid>),
     family("wds-groupvid", "Set group VID of WDS[index]", vlan_member_rows<GroupPort::Wds>),
-    // The help text is another command's. Meant so.
+    // The help text is another command's. Deliberate.
     {"groupvidname", "Set Service Set ID", set_group_name},
     {"groupviddel", "Delete port member of group VID ", delete_group},
 });

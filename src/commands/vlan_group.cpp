@@ -60,7 +60,7 @@ int write_member(int entry, int vid, const VlanPort &port, Egress egress) {
     return mark_for_apply(APPLY_WLAN);
 }
 
-// These alone mind the end of the table. Meant so.
+// These alone mind the end of the table. Deliberate.
 int set_indexed_member(CliContext &cli, const IndexedPorts &ports, Egress egress) {
     int vid = 0;
     const char *index = nullptr;
@@ -173,7 +173,7 @@ int set_group_name(CliContext &cli, const char *, CliCommand *) {
         return mark_for_apply(APPLY_WLAN);
     }
     cli_printf("ERROR: No this VID.\n");
-    return CLI_DONE; // no refusal. Meant so.
+    return CLI_DONE; // no refusal. Deliberate.
 }
 
 int delete_group(CliContext &cli, const char *, CliCommand *) {

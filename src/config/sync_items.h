@@ -95,7 +95,7 @@ inline constexpr SyncRule SYNC_RULES[] = {
     {item("beaconinterval"), Equal, "/wlan/inf:1/beaconinterval"},
     {item("dtim"), Equal, "/wlan/inf:1/dtim"},
     {item("txpower"), Equal, "/wlan/inf:1/txpower"},
-    // Compared with the unexpanded text, so it never holds. Meant so.
+    // Compared with the unexpanded text, so it never holds. Deliberate.
     {item("wmm"), Equal, "/wlan/inf:%d/wmm/enable"},
     {item("acktimeout"), Equal, "/wlan/inf:1/acktimeout_a"},
     {item("acktimeout"), Equal, "/wlan/inf:1/acktimeout_g"},

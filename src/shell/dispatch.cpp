@@ -63,7 +63,7 @@ int measure_prefixes(const CliContext &cli, CliCommand *table, std::string_view 
         if (is_locked(*row) || has_tag(*row, HIDDEN_TAG) || !is_on_band(cli, *row))
             continue;
         // Compared with case, the lowered word against the name as it stands: capitals in a
-        // name end its match length. Meant so.
+        // name end its match length. Deliberate.
         row->match_length = common_prefix(row->name, word);
         if (row->match_length > 0)
             ++candidates;
@@ -201,7 +201,7 @@ int cli_dispatch(CliContext &cli, CliCommand *table) {
         cli_list(cli, match.row->subtable, match.row->name, nullptr, LIST_FAMILY);
         return CLI_LISTED;
     }
-    // An ambiguous prefix passes "not found" up without a listing. Meant so.
+    // An ambiguous prefix passes "not found" up without a listing. Deliberate.
     return match.several ? result : finish_single(cli, *match.row, result);
 }
 

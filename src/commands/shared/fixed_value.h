@@ -66,9 +66,9 @@ int show_node_name(const CliContext &cli, const char *path, const char *format, 
                    const char *memory_message);
 
 // Reads a node of at most 10 bytes and prints the one of `lines` that its number counts from 0;
-// for any other number "Error: unknown Linited Administration type", whatever is displayed (meant
-// so). Returns 0; or -1 after "Error: fail to allocate memery" when the read failed or memory ran
-// out.
+// for any other number "Error: unknown Linited Administration type", deliberately whatever is
+// displayed. Returns 0; or -1 after "Error: fail to allocate memery" when the read failed or memory
+// ran out.
 int print_numbered_line(const char *path, std::initializer_list<const char *> lines);
 
 // "enable" for exactly 1, else "disable".

@@ -150,7 +150,7 @@ int delete_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) 
 }
 
 int delete_all_snmp_rows(const SnmpTable &table, ReadTarget value, const char *name) {
-    // Only shows that the database answers; the deletions open their own. Meant so.
+    // Only shows that the database answers; the deletions open their own. Deliberate.
     UniqueFd connection = connect_to_database();
     if (!connection)
         return CLI_REFUSED;

@@ -27,7 +27,7 @@ const char *take_vlan_word(CliContext &cli) {
     }
     if (is_vlan_id(decimal_value(word)))
         return word;
-    // Without the full stop that it has elsewhere. Meant so.
+    // Without the full stop that it has elsewhere. Deliberate.
     cli_printf("Please specify the correct VLAN ID (%d~%d)\n", FIRST_VLAN_ID, LAST_VLAN_ID);
     return nullptr;
 }

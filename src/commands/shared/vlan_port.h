@@ -57,7 +57,7 @@ struct IndexedPorts {
 inline constexpr IndexedPorts MULTI_SSID_PORTS = {"multi", "Multi-SSID", "multi_SSID", 3, 1, 16};
 
 // On the second band these numbers begin with the primary SSID's, not where VLAN_PORTS has the
-// WDS links. Meant so.
+// WDS links. Deliberate.
 inline constexpr IndexedPorts WDS_PORTS = {"wds", "WDS", "WDS", 4, 8, 8};
 
 // Prints what is said when a VLAN cannot be set; returns CLI_REFUSED.
