@@ -27,9 +27,9 @@ constexpr StaticColumn MACS = {NumberedList("/lan/dhcp/server/pool:1/staticdhcp/
 int add_to_column(const StaticColumn &column, ValueBuffer &stored, const char *text) {
     // Entries behind the pool count as duplicates, too.
     const ListPlace place = find_in_list(column.list, stored, text, LIST_BOUND);
-    if (place.end() == SearchResult::Unreadable)
+    if (place.result() == SearchResult::Unreadable)
         return CLI_REFUSED;
-    if (place.end() == SearchResult::Match)
+    if (place.result() == SearchResult::Match)
         return refuse("%s", column.exists);
     const std::optional<int> vacancy = place.vacancy();
     if (!vacancy || *vacancy > STATIC_LEASE_COUNT)

@@ -34,7 +34,7 @@ int refuse_long_community() {
 
 int check_view(const char *name) {
     UsualValue value;
-    switch (find_snmp_row(SNMP_VIEWS, value, name).end()) {
+    switch (find_snmp_row(SNMP_VIEWS, value, name).result()) {
     case SearchResult::Match:
         return CLI_DONE;
     case SearchResult::Unreadable:

@@ -47,7 +47,7 @@ int check_words(NewHost &host) {
 
 int check_community(const NewHost &host) {
     UsualValue value;
-    const SearchResult end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).end();
+    const SearchResult end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).result();
     if (end == SearchResult::Unreadable)
         return CLI_REFUSED;
     if (end == SearchResult::Match)
@@ -74,7 +74,7 @@ bool seems_off(const char *column, int row) {
 int check_user(const NewHost &host) {
     UsualValue value;
     const ListPlace user = find_snmp_row(SNMP_USERS, value, host.community);
-    if (user.end() == SearchResult::Unreadable)
+    if (user.result() == SearchResult::Unreadable)
         return CLI_REFUSED;
     const std::optional<int> row = user.match();
     if (!row)

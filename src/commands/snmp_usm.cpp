@@ -151,7 +151,7 @@ std::optional<bool> has_views(const CliContext &cli) {
     int word = FIRST_VIEW_WORD;
     for (const char *view : GROUP_VIEWS) {
         CutSnmpText value;
-        const SearchResult end = find_snmp_row(SNMP_VIEWS, value, arg_peek(cli, word++)).end();
+        const SearchResult end = find_snmp_row(SNMP_VIEWS, value, arg_peek(cli, word++)).result();
         if (end == SearchResult::Match)
             continue;
         if (end == SearchResult::Unreadable)
@@ -170,7 +170,7 @@ ListPlace place_new_view_row(const char *name) {
         report_existing_snmp_row(SNMP_VIEWS, value.text(), name);
         place = find_snmp_row(SNMP_VIEWS, value, name, *row + 1);
     }
-    if (place.end() == SearchResult::Full)
+    if (place.result() == SearchResult::Full)
         cli_printf("%s\n", SNMP_VIEWS.full);
     return place;
 }
@@ -254,7 +254,7 @@ int add_snmp_group(CliContext &cli, const char *, CliCommand *) {
     const ListPlace place = place_new_snmp_row(SNMP_GROUPS, value, name);
     const std::optional<int> row = place.vacancy();
     if (!row)
-        return place.end() == SearchResult::Unreadable ? CLI_REFUSED : CLI_DONE; // the same
+        return place.result() == SearchResult::Unreadable ? CLI_REFUSED : CLI_DONE; // the same
     write_snmp_row(*row, {{"groupname", name},
                           {"seculevel", security_level_name(level)},
                           {"readview", arg_peek(cli, FIRST_VIEW_WORD)},

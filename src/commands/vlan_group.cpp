@@ -13,7 +13,9 @@ namespace {
 
 constexpr std::size_t NAME_LIMIT = 32;
 constexpr NumberedList ENTRY("/sys/group_vlan/index:%d");
-constexpr NumberedList ENTRY_NAME("/sys/group_vlan/index:%d/group_name");
+constexpr char NAME[] = "/sys/group_vlan/index:%d/group_name";
+constexpr char VID[] = "/sys/group_vlan/index:%d/group_vid";
+constexpr char EGRESS[] = "/sys/group_vlan/index:%d/%s:%d/egress";
 
 // Null for a port without an index.
 const IndexedPorts *indexed_ports(GroupPort port) {
@@ -55,8 +57,8 @@ std::optional<int> entry_for(int vid) {
 }
 
 int write_member(int entry, int vid, const VlanPort &port, Egress egress) {
-    cfg_set_number(vid, "%s/group_vid", ENTRY.path(entry));
-    cfg_set_number(egress, "%s/%s:%d/egress", ENTRY.path(entry), port.kind, port.number);
+    cfg_set_number(vid, VID, entry);
+    cfg_set_number(egress, EGRESS, entry, port.kind, port.number);
     return mark_for_apply(APPLY_WLAN);
 }
 
@@ -106,7 +108,7 @@ int list_members(const VlanPort &port) {
         const int vid = group_vid(entry).value_or(0);
         if (vid == 0)
             continue;
-        static_cast<void>(ENTRY_NAME.read(name, entry)); // shown as empty when unreadable
+        cfg_get(name, NAME, entry); // shown as empty when unreadable
         cli_printf("index:%02d, group vid:%4d, ", entry, vid);
         cli_printf("group name:%s, ", name.text());
         cli_printf("egress: %s\n", egress_name(group_egress(entry, port).value_or(EGRESS_NONE)));
@@ -121,16 +123,16 @@ int refuse_name() {
 } // namespace
 
 std::optional<int> group_vid(int entry) {
-    const std::optional<int> vid = cfg_read_number("%s/group_vid", ENTRY.path(entry));
+    const std::optional<int> vid = cfg_read_number(VID, entry);
     return vid && !is_vlan_id(*vid) ? 0 : vid;
 }
 
 int read_group_vid(ReadTarget vid, int entry) {
-    return cfg_get(vid, "%s/group_vid", ENTRY.path(entry));
+    return cfg_get(vid, VID, entry);
 }
 
 std::optional<int> group_egress(int entry, const VlanPort &port) {
-    return cfg_read_number("%s/%s:%d/egress", ENTRY.path(entry), port.kind, port.number);
+    return cfg_read_number(EGRESS, entry, port.kind, port.number);
 }
 
 int set_group_member(CliContext &cli, GroupPort port, Egress egress) {
@@ -169,7 +171,7 @@ int set_group_name(CliContext &cli, const char *, CliCommand *) {
             return CLI_REFUSED;
         if (*used_by != vid)
             continue;
-        ENTRY_NAME.write(entry, name);
+        cfg_set(name, NAME, entry);
         return mark_for_apply(APPLY_WLAN);
     }
     cli_printf("ERROR: No this VID.\n");
@@ -187,8 +189,9 @@ int delete_group(CliContext &cli, const char *, CliCommand *) {
             return CLI_REFUSED;
         if (*used_by != vid)
             continue;
-        ENTRY.remove(entry);
-        cli_printf(" delete:%s \n", ENTRY.path(entry));
+        const ListPath path = ENTRY.path(entry);
+        cfg_del(path.data());
+        cli_printf(" delete:%s \n", path.data());
         mark_for_apply(APPLY_WLAN);
     }
     return CLI_DONE;

@@ -5,13 +5,13 @@
 
 int add_address(const AddressList &list, ReadTarget value, const char *address) {
     const ListPlace place = find_in_list(list.entries, value, address, list.capacity);
-    if (place.end() == SearchResult::Full) {
+    if (place.result() == SearchResult::Full) {
         // Whatever the entry behind the last one holds.
         if (list.entries.read(value, list.capacity + 1) != 0)
             return CLI_REFUSED;
         return refuse(" Error! %s entry number only allow maximum %d\n", list.title, list.capacity);
     }
-    if (place.end() == SearchResult::Match)
+    if (place.result() == SearchResult::Match)
         return refuse("error! the %s address already exist!\n", list.kind);
     const std::optional<int> vacancy = place.vacancy();
     if (!vacancy)
@@ -22,7 +22,7 @@ int add_address(const AddressList &list, ReadTarget value, const char *address) 
 
 int delete_address(const AddressList &list, ReadTarget value, const char *address) {
     const ListPlace place = find_in_list(list.entries, value, address, LIST_BOUND);
-    if (place.end() == SearchResult::Unreadable)
+    if (place.result() == SearchResult::Unreadable)
         return CLI_REFUSED;
     const std::optional<int> match = place.match();
     if (!match)

@@ -6,28 +6,27 @@
 // The patterns are this program's own.
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 
-const char *NumberedList::path(int index) const {
-    // Far above the longest list path.
-    static char path[256];
+ListPath NumberedList::path(int index) const {
+    ListPath path{};
     if (column_ != nullptr)
-        std::snprintf(path, sizeof path, pattern_, column_, index);
+        std::snprintf(path.data(), path.size(), pattern_, column_, index);
     else if (interface_ == NO_INTERFACE)
-        std::snprintf(path, sizeof path, pattern_, index);
+        std::snprintf(path.data(), path.size(), pattern_, index);
     else
-        std::snprintf(path, sizeof path, pattern_, interface_, index);
+        std::snprintf(path.data(), path.size(), pattern_, interface_, index);
     return path;
 }
 
 int NumberedList::read(ReadTarget value, int index) const {
-    return cfg_get_plain(value, path(index));
+    return cfg_get_plain(value, path(index).data());
 }
 
 int NumberedList::write(int index, const char *text) const {
-    return cfg_set_plain(text, path(index));
+    return cfg_set_plain(text, path(index).data());
 }
 
 int NumberedList::remove(int index) const {
-    return cfg_del(path(index));
+    return cfg_del(path(index).data());
 }
 
 ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity,

@@ -3,8 +3,12 @@
 
 #include "config/node_access.h"
 
+#include <array>
 #include <concepts>
 #include <optional>
+
+// The path of a list's entry with its NUL, far above the longest.
+using ListPath = std::array<char, 128>;
 
 // The nodes that hold one column of a list.
 class NumberedList {
@@ -19,8 +23,8 @@ public:
     constexpr NumberedList(const char *pattern, const char *column)
         : pattern_(pattern), column_(column) {}
 
-    // Where entry `index` is; the array is the operation's and lives until its next call.
-    [[nodiscard]] const char *path(int index) const;
+    // The path of entry `index`.
+    [[nodiscard]] ListPath path(int index) const;
 
     // Reads entry `index`, as cfg_get does. An entry that could not be read is neither free nor
     // another's: a command that would write by it must refuse.
@@ -56,20 +60,20 @@ enum class SearchResult {
 // Where a walk ended. The number of an entry comes only with what the entry is.
 class ListPlace {
 public:
-    constexpr ListPlace(SearchResult end, int index) : end_(end), index_(index) {}
+    constexpr ListPlace(SearchResult result, int index) : result_(result), index_(index) {}
 
-    [[nodiscard]] SearchResult end() const { return end_; }
+    [[nodiscard]] SearchResult result() const { return result_; }
 
     // The entry that equals the text, or the empty one; nothing when the walk ended otherwise.
     [[nodiscard]] std::optional<int> match() const { return index_at(SearchResult::Match); }
     [[nodiscard]] std::optional<int> vacancy() const { return index_at(SearchResult::Empty); }
 
 private:
-    [[nodiscard]] std::optional<int> index_at(SearchResult end) const {
-        return end_ == end ? std::optional(index_) : std::nullopt;
+    [[nodiscard]] std::optional<int> index_at(SearchResult result) const {
+        return result_ == result ? std::optional(index_) : std::nullopt;
     }
 
-    SearchResult end_;
+    SearchResult result_;
     int index_;
 };
 

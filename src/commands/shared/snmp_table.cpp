@@ -114,9 +114,9 @@ void report_existing_snmp_row(const SnmpTable &table, const char *stored, const 
 
 ListPlace place_new_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) {
     const ListPlace place = find_snmp_row(table, value, name);
-    if (place.end() == SearchResult::Match)
+    if (place.result() == SearchResult::Match)
         report_existing_snmp_row(table, value.data, name);
-    else if (place.end() == SearchResult::Full)
+    else if (place.result() == SearchResult::Full)
         cli_printf("%s\n", table.full);
     return place;
 }
@@ -135,7 +135,7 @@ int finish_snmp_change(const char *message) {
 
 int delete_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) {
     const ListPlace place = find_snmp_row(table, value, name);
-    if (place.end() == SearchResult::Unreadable)
+    if (place.result() == SearchResult::Unreadable)
         return CLI_REFUSED;
     const std::optional<int> row = place.match();
     if (!row)
@@ -144,7 +144,7 @@ int delete_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) 
     if (!connection)
         return CLI_REFUSED;
     for (const char *column : table.columns)
-        xmldb_del(connection, 0, cells_of(column).path(*row));
+        xmldb_del(connection, 0, cells_of(column).path(*row).data());
     keep(std::move(connection));
     return finish_deletion(table);
 }
@@ -159,7 +159,7 @@ int delete_all_snmp_rows(const SnmpTable &table, ReadTarget value, const char *n
     // often than there are rows, for a database that does not delete.
     for (int times = 0; times < table.capacity; ++times) {
         const ListPlace place = find_snmp_row(table, value, name);
-        if (place.end() == SearchResult::Unreadable)
+        if (place.result() == SearchResult::Unreadable)
             return CLI_REFUSED;
         const std::optional<int> row = place.match();
         if (!row)
