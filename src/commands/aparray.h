@@ -7,14 +7,13 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// A name of at most 32 characters, further words ignored. Echoes it, also when it then refuses it.
+// A name of at most 32 characters. Echoes it even when it then refuses it.
 CliHandler set_array_name;
 
-// Shows the role that is configured and the one that is run. Returns 0; or -1 after
-// " can't alloc memory ", as get_array_sync does.
+// Shows the configured role and the one in use.
 CliHandler get_array_role;
 
-// The flag of the item that the row names.
+// Set and show the flag of the item that the row names.
 CliHandler enable_array_sync;
 CliHandler disable_array_sync;
 CliHandler get_array_sync;

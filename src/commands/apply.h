@@ -3,7 +3,7 @@
 
 #include "shell/command.h"
 
-// Restarts what changed. Returns 0, or -1 when no service was waiting to be restarted.
+// Restarts what changed. Silently refused when no service is to be restarted.
 CliHandler set_apply;
 
 inline constexpr auto apply_set_rows = command_rows({

@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int REKEYED_SLOTS = 7; // more than the console manages otherwise. Deliberate.
+constexpr int REKEYED_SLOTS = 7; // deliberately more than the console manages otherwise
 
 int refuse_time() {
     print_lines({"usage:set autorekey time [change time] [start week] [start time]",
@@ -120,8 +120,8 @@ int get_rekey(CliContext &cli, const char *, CliCommand *) {
     const int hours = cfg_number("/wlan/inf:1/autorekey/time");
     cli_printf("auto rekey change time: %d day, %d hour\n", hours / 24, hours % 24);
 
-    // The schedule is that of interface 1, the keys are the current band's; the setters have it
-    // the other way round. Deliberate.
+    // The schedule is that of interface 1, the keys are the current band's; deliberately the
+    // reverse of the setters.
     const int interface = interface_number(cli);
     if (cfg_number("/wlan/inf:%d/autorekey/ssid/enable", interface) == 1) {
         cfg_get(value, "/runtime/wlan/inf:%d/wpa/wpapsk", interface);

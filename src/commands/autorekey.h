@@ -5,7 +5,7 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// The setters return 0, also after the usage lines of a refusal.
+// The setters return CLI_DONE even after the usage lines of a refusal.
 
 // Words HOURS DAY TIME: HOURS begins with a digit and is 1..168, DAY and TIME are any text.
 CliHandler set_rekey_time;
@@ -16,10 +16,10 @@ CliHandler set_rekey_ssid;
 // A refusal after the first word keeps what was written before it.
 CliHandler set_rekey_mail;
 
-// Schedule and current keys. Returns 0; or -1 after "memory error!".
+// Shows the schedule and the current keys.
 CliHandler get_rekey;
 
-// The mail profile in use. Returns 0; or -1 after "memory error!".
+// Shows the mail profile in use.
 CliHandler get_rekey_mail;
 
 inline constinit auto autorekey_rows = command_table({

@@ -60,7 +60,7 @@ void print_available_channels() {
     cli_printf("Country:%s\n", name != nullptr ? name : "unknow country!");
     run_command("genchanneltable 2> /dev/null");
     print_channels({"\n2.4 GHz available channel =", 15, 27}, CHANNELS_2G);
-    cfg_number("/wlan/application"); // nothing comes of it
+    cfg_number("/wlan/application"); // read, but not used
     const bool outdoor = country == COUNTRY_JAPAN;
     print_channels({"5 GHz available channel =", 13, 25},
                    outdoor ? OUTDOOR_CHANNELS_5G : CHANNELS_5G);

@@ -3,13 +3,12 @@
 
 #include "commands/shared/fixed_value.h"
 
-// Loads the factory settings, saves them and asks for a reboot. Ignores further words.
+// Loads the factory settings, saves them and asks for a reboot.
 CliHandler set_factory_default;
 
 // `isfactorydefault`: loads the factory settings to compare a save of them with one of the running
-// settings, then puts those back and saves them. Prints the verdict; or returns -1 after "memory
-// error!" or "Can't open configuration file". Only the first 10240 bytes of a save are known and
-// put back.
+// settings, then restores those, saves them and prints the result. Only the first 10240 bytes of a
+// save are read and restored.
 CliHandler compare_with_factory;
 
 inline constexpr auto factory_set_rows = command_rows({

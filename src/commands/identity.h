@@ -6,7 +6,7 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// The four version fields. Returns 0; or -1 after "memory error!".
+// Shows the four version fields.
 CliHandler get_runtime;
 
 inline constexpr ValueSetter LOCATION{
@@ -27,7 +27,7 @@ inline constexpr CliHandler *show_version =
     show_text<"/runtime/sys/info/firmwareversion", "\n SOFTWARE_VERSION: %s\n", 200>;
 inline constexpr CliHandler *show_memory = show_output<"free", "%s\n", 255>;
 
-// Stored the other way round: 0 answers pings. Deliberate.
+// Stored inverted: 0 answers pings. Deliberate.
 inline constinit auto ping_control_rows = command_table({
     {"enable", "Set Ping Control Enabled",
      write_fixed<"/sys/pingctl", "0", APPLY_WAN, "Ping Control: Enable\n">},

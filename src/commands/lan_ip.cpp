@@ -19,7 +19,7 @@ bool mode_begins_static() {
 int run_by_mode(const CliContext &cli, const char *when_static, const char *when_dynamic) {
     if (mode_begins_static())
         return run_fixed_command(cli, when_static);
-    cfg_number("/sys/hostname"); // nothing comes of it
+    cfg_number("/sys/hostname"); // read, but not used
     return run_fixed_command(cli, when_dynamic);
 }
 

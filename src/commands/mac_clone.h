@@ -3,15 +3,15 @@
 
 #include "commands/shared/fixed_value.h"
 
-// `set macclonetype disable|auto|manual`. Returns 0, also after telling an unknown type; or -1,
-// without a word, when there is none.
+// `set macclonetype disable|auto|manual`. An unknown type is reported and returns CLI_DONE; a
+// missing one is refused silently.
 CliHandler set_clone_type;
 
-// Takes the first word as a MAC address. Returns 0, also after telling a wrong one; says nothing
-// when there is none.
+// Takes the first word as a MAC address. Returns CLI_DONE: after reporting a malformed one, and
+// silently without one.
 CliHandler set_clone_address;
 
-// A number without a type shows as disabled.
+// An unknown number shows as disabled.
 CliHandler get_clone_type;
 
 inline constexpr auto mac_clone_set_rows = command_rows({

@@ -11,7 +11,7 @@ int print_answer(CommandFormat<std::type_identity_t<Values>...> command, const V
     return show_answer<"%s\n", 1023>(command, values...);
 }
 
-// The n-th word, which the count of words has shown to be there.
+// The n-th word, which the number of words has shown to exist.
 ShellWord word_at(const CliContext &cli, int n) {
     return ShellWord(arg_peek(cli, n));
 }
@@ -22,8 +22,8 @@ int test_radio(CliContext &cli, CommandFormat<ShellWord, ShellWord> command, con
     return print_answer(command, word_at(cli, 0), word_at(cli, 1));
 }
 
-// For a count of words other than 1: tells the usage when there is none, more are refused without
-// a word. Deliberate.
+// For a number of words other than 1: prints the usage when there is none; more are refused
+// silently. Deliberate.
 int refuse_word_count(const CliContext &cli, const char *usage) {
     if (arg_count(cli) == 0)
         print_lines({usage});

@@ -1,13 +1,13 @@
-// The production line's commands, which hand their words to the manufacturing tool and show what
-// it answers.
+// The production line's commands, which pass their words to the manufacturing tool and show its
+// answer.
 #pragma once
 
 #include "commands/shared/tool_output.h"
 
-// These print what the tool answers, up to 1023 characters, as a line. A count of words that is not
-// the command's is refused with its usage; see below for the exceptions.
+// These print the tool's answer, up to 1023 characters, as a line. A wrong number of words is
+// refused with the usage; the exceptions are below.
 
-// `mfc init LANMAC` and three words more. Refuses what is no MAC address.
+// `mfc init LANMAC` and three more words. Refuses a malformed MAC address.
 CliHandler mfc_init;
 
 // The radio's test: words SSID CHANNEL.
@@ -15,15 +15,15 @@ CliHandler mfc_test_5g;
 CliHandler mfc_test_24g;
 CliHandler mfc_set_country_code;
 
-// Hands one word on, any other number of them is ignored.
+// Passes one word on; any other number of words is ignored.
 CliHandler mfc_reset;
 
-// One word. Other counts return 0: the button's with its usage, the LED's without a word.
+// One word. Any other number returns CLI_DONE: the button's with its usage, the LED's silently.
 CliHandler mfc_button;
 CliHandler mfc_led;
 
-// Gives the WAN and the LAN the same address; any one word will do. This and the revision's print
-// up to 255 characters of each answer; no word is refused with the usage, several without a word.
+// Gives the WAN and the LAN the same address, which is not checked. This and the revision's print
+// up to 255 characters of each answer; no word is refused with the usage, several words silently.
 CliHandler set_mac_address;
 CliHandler set_hardware_revision;
 

@@ -87,7 +87,7 @@ int set_ssid(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_cwm_auto(CliContext &cli, const char *, CliCommand *) {
-    read_country_code(); // nothing comes of it
+    read_country_code(); // read, but not used
     return write_fixed_value(cli, "/wlan/inf:%d/cwmmode", "1", APPLY_WLAN, "");
 }
 

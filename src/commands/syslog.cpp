@@ -22,7 +22,7 @@ enum class LogValue {
     Switch,  // 0 or 1
     Profile, // the number of a mail profile
     Period,  // a number of half hours
-    Nothing, // whatever stands there is ignored
+    Nothing, // ignored
 };
 
 struct LogKeyword {
@@ -83,7 +83,7 @@ void print_periods() {
     print_lines({"ex: 3 hours", "    set syslog smtptime 6"});
 }
 
-// How the messages about a keyword with states go on.
+// The rest of the messages about a keyword with states.
 const char *state_phrase(const LogKeyword &keyword, const char *value) {
     const bool is_one = *value == '1';
     switch (keyword.kind) {
@@ -219,10 +219,10 @@ int set_syslog(CliContext &cli, const char *, CliCommand *) {
     const char *value = arg_next(cli);
     if (keyword == nullptr)
         return refuse("\nInvalid Status!!\n");
-    // Where no profile is written to, any will do.
+    // Unused by the keywords that write to no profile.
     const int profile = keyword->is_mail_field() ? cfg_number(MAIL_PROFILE_NODE) : 1;
     if (!is_profile(profile))
-        return CLI_REFUSED; // without a word. Deliberate.
+        return CLI_REFUSED; // silently. Deliberate.
     if (keyword->kind == LogValue::Address && !is_address(value))
         return refuse("\nPlease input correct IP address!\n");
     handle_keyword(*keyword, profile, value);

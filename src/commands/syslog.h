@@ -3,18 +3,18 @@
 
 #include "shell/command.h"
 
-// `set syslog KEYWORD VALUE`, both as typed. Writes and saves the setting and says whether it
-// could. Refuses other counts of words with its usage, unknown keywords, bad addresses, and without
-// a word every field of a mail profile while none is in use. Any other value that its keyword does
-// not take is told, but still counts as a handled command: the mailing is reset and the radio
-// marked for restart.
+// `set syslog KEYWORD VALUE`, both as typed. Writes and saves the setting and reports the outcome.
+// Refuses other numbers of words with its usage, unknown keywords, bad addresses, and silently
+// every field of a mail profile while none is in use. Any other value that its keyword does not
+// take is reported, but the command still counts as done: the mailing is reset and the radio marked
+// for restart.
 CliHandler set_syslog;
 
-// `set testlog count N`: writes N entries into the system log, numbered from N down to 1, or says
-// that it cannot when N is less than 1. Refuses other words.
+// `set testlog count N`: writes N entries into the system log, numbered from N down to 1; reports
+// an N below 1. Refuses other words.
 CliHandler set_testlog;
 
-// Prints the settings and then the local log. Returns 0; or -1 after "memory error!".
+// Prints the settings and then the local log.
 CliHandler get_syslog;
 
 inline constexpr auto syslog_set_rows = command_rows({

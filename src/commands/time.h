@@ -9,14 +9,13 @@
 // The words year, month, day, hour, minute and second; null where none was typed.
 using CalendarWords = std::array<const char *, 6>;
 
-// Converts a date of local time to calendar seconds. Fields without a word are 0, nothing is
-// range-tested, so that a 13th month is the next year's first. Returns false when the date lies
-// outside of what can be counted.
+// Converts a date of local time to calendar seconds. Missing fields are 0; ranges are not checked,
+// so that a 13th month is the next year's first. Returns false when the date cannot be represented.
 bool calendar_seconds(const CalendarWords &words, std::time_t &seconds);
 
-// `set time YEAR MONTH DAY HOUR MINUTE SECOND`, the later ones left out at will; sets the system's
-// clock. A failure of that is reported on standard error as "set time: " and the system's error
-// text. Refuses only no words at all.
+// `set time YEAR MONTH DAY HOUR MINUTE SECOND`, all but the year optional; sets the system clock. A
+// failure is reported on standard error as "set time: " and the system's error text, and returns
+// CLI_DONE. Refuses only an empty line.
 CliHandler set_time;
 CliHandler get_time;
 
@@ -24,19 +23,18 @@ CliHandler get_time;
 CliHandler get_uptime;
 
 // `set sntpserver enable|disable|ADDRESS`; an address is saved and takes effect at once. Refuses
-// other words and counts.
+// other words and other numbers of them.
 CliHandler set_time_server;
 
-// This and the time zone's return 0; or -1 after "memory error!".
 CliHandler get_time_server;
 
-// `set tzone 1..75`; saved, takes effect at once. Refuses other counts of words; a number out of
-// range or a failed write is told, and returns 0.
+// `set tzone 1..75`; saved, takes effect at once. Refuses other numbers of words; a number out of
+// range or a failed write is reported and returns CLI_DONE.
 CliHandler set_time_zone;
 CliHandler get_time_zone;
 
 // `set daylightsaving STATE`, any one word, 1 being on; saved, takes effect at once. Refuses other
-// counts of words; a failed write is told, and returns 0.
+// numbers of words; a failed write is reported and returns CLI_DONE.
 CliHandler set_daylight_saving;
 CliHandler get_daylight_saving;
 

@@ -18,8 +18,8 @@ using ToolOutput = ShortValue<OUTPUT_LIMIT>;
 using TftpCommand = CommandFormat<ShellWord, CommandValue>;                      // file, host
 using FtpCommand = CommandFormat<ShellWord, ShellWord, CommandValue, ShellWord>; // account first
 
-// Takes the host's word and puts its address into `text`. A bad one is told, with `usage` if there
-// is any, and stands as "(null)" in the command line, which is run nevertheless. Deliberate.
+// Takes the word for the host and puts its address into `text`. A bad one is reported, with `usage`
+// if there is any, and becomes "(null)" in the command line, which runs nevertheless. Deliberate.
 CommandValue take_host(CliContext &cli, Ipv4Text &text, const char *usage) {
     std::uint32_t address = 0;
     if (arg_ipv4(cli, address) == 0) {
@@ -52,7 +52,7 @@ int run_ftp(CliContext &cli, const char *usage, FtpCommand command) {
     return show_answer<"%s", OUTPUT_LIMIT>(command, user, password, host, file);
 }
 
-// Whether a name leads out of the directory that stands before it.
+// Whether a name leads out of the directory that it is put into.
 bool leads_upwards(std::string_view name) {
     while (true) {
         const std::size_t end = name.find('/');

@@ -3,17 +3,17 @@
 
 #include "shell/command.h"
 
-// Each refuses other counts of words with its usage.
+// Each refuses other numbers of words with its usage.
 
-// Words FILE HOST. Prints what the tool answers, up to 255 characters. A bad host is told, and the
-// transfer is tried all the same. Deliberate.
+// Words FILE HOST. Prints the tool's answer, up to 255 characters. A bad host is reported, and the
+// transfer is tried nevertheless. Deliberate.
 CliHandler tftp_get_config;
 CliHandler tftp_get_firmware;
 CliHandler tftp_put_config;
 
 // The two below keep the text in /tmp on its way, and refuse a name that leads out of there.
 
-// Sends the whole database as text, with a bad host as above; what the tools answer is not shown.
+// Sends the whole database as text, with a bad host as above; the tools' answers are not shown.
 CliHandler tftp_put_xml_config;
 
 // Fetches such a text and loads it; a bad host and a missing or empty file are refused.

@@ -6,16 +6,16 @@
 #include "shell/dispatch.h"
 
 // `set web enable|disable`; starts or stops the server at once and saves the state. Refuses another
-// word; other counts of words and a failed write are told, and return 0.
+// word; other numbers of words and a failed write are reported and return CLI_DONE.
 CliHandler set_web;
 
-// Prints nothing after a failed read. Returns 0; or -1 after "memory error!".
+// Prints nothing after a failed read.
 CliHandler get_web;
 
 // Takes a word whose value lies in 0..64, as typed; refuses others.
 CliHandler set_assoc_limit_number;
 
-// State and number of the limit. Returns 0; or -1 after "memory error!".
+// Shows the state and number of the limit.
 CliHandler get_assoc_limit;
 
 inline constinit auto assoc_limit_rows = command_table({

@@ -9,8 +9,8 @@ unsigned applies_run = 0;
 
 namespace {
 
-// Both the WAN and the wireless restart end with these, so with both bits they run twice. Meant
-// so.
+// Both the WAN and the wireless restart end with these, so with both bits they run twice.
+// Deliberate.
 void restart_access_policies() {
     run_command("sh /etc/templates/limitedadmin.sh");
     run_command("sh /etc/templates/pingctl.sh");
@@ -77,7 +77,7 @@ void restart_services(std::uint32_t bits) {
 void raise_array_version() {
     ShortValue<127> version;
     cfg_get(version, "/wlan/inf:1/aparray_cfg_version");
-    // Counted unsigned, so that the largest number wraps without ado.
+    // Counted unsigned, so that the largest number wraps.
     const auto next = static_cast<std::int32_t>(static_cast<std::uint32_t>(version.number()) + 1);
     cfg_set_number(next, "/wlan/inf:1/aparray_cfg_version");
     array_cfg_dirty = 0;

@@ -24,14 +24,14 @@ private:
 // signals end the tool and not this process, as with std::system.
 class Pipe {
 public:
-    // Starts `sh -c COMMAND`. It may fail: test it before use.
+    // Starts `sh -c COMMAND`. That may fail: test the pipe before use.
     explicit Pipe(const char *command);
     Pipe(const Pipe &) = delete;
     Pipe &operator=(const Pipe &) = delete;
     // Waits for the shell's end.
     ~Pipe();
 
-    // False when there was no pipe or no process to be had.
+    // False when the pipe or the process could not be made.
     explicit operator bool() const { return shell_ > 0; }
 
     // Reads up to the end of the output and keeps the first `limit` bytes, so that no tool blocks;

@@ -7,7 +7,7 @@
 #include <new>
 
 // Memory for one text read from outside: `limit` bytes and a NUL behind them, on the heap and
-// zero-filled. It may fail to be had: test it before use.
+// zero-filled. The allocation may fail: test it before use.
 class ValueBuffer {
 public:
     static constexpr std::size_t USUAL_LIMIT = 4096;

@@ -9,8 +9,12 @@
 #include <string_view>
 
 // Takes the context, the matched word (lowered; overwritten by the next dispatch level) and the
-// row's subtable. Returns a CliResult. A command that writes by what it reads ends when a read
-// fails: with CLI_REFUSED, silently but for what the read reported, and without a further write.
+// row's subtable. Returns a CliResult.
+//
+// What holds unless a handler's comment says otherwise: words are ignored; CLI_DONE, or CLI_REFUSED
+// after the message of a refusal, which writes nothing. A command that writes by what it reads ends
+// when a read fails: with CLI_REFUSED, silently but for what the read reported, and without a
+// further write. One that finds no memory prints its message for that and ends with CLI_REFUSED.
 using CliHandler = int(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Must be typed in full, and is hidden from listings while the debug level is locked.

@@ -33,7 +33,7 @@ bool LineRunner::names(CliHandler *handler) {
 int LineRunner::dispatch() {
     const int result = cli_dispatch(*cli_, root_);
     if (result != CLI_DONE) {
-        // Without memory for a new buffer the old one serves on.
+        // Without memory for a new buffer the old one is kept.
         if (std::unique_ptr<LineBuffer> renewed = allocate_line())
             line_ = std::move(renewed);
     }
