@@ -18,8 +18,27 @@ constexpr char DEFAULT_PVID[] = "1";
 // No table has more entries, so that a daemon that miscounts cannot hold the console up for long.
 constexpr int MAX_COUNTED_ENTRIES = 256;
 
-// The PVID of a port with an index, which goes into the path as typed.
-constexpr char INDEXED_PVID[] = "/wlan/inf:%d/%s/index:%s/vlan_id";
+// A run of ports that are alike, and the node of their PVIDs, with "%d" for 1..count.
+struct VlanPortRun {
+    VlanPort first;
+    int count;
+    char pvid_path[36];
+};
+
+constexpr VlanPortRun VLAN_PORTS[] = {
+    {{"sys", 1}, 1, "/sys/vlan_id"},
+    {{"eth", 1}, 1, "/lan/ethernet/vlan_id"},
+    {{"eth", 2}, 1, "/lan/ethernet:2/vlan_id"},
+    {{"ath", 1}, 1, "/wlan/inf:1/vlan_id"},
+    {{"ath", 2}, 7, "/wlan/inf:1/multi/index:%d/vlan_id"},
+    {{"ath", 9}, 8, "/wlan/inf:1/wds/index:%d/vlan_id"},
+    {{"ath", 17}, 1, "/wlan/inf:2/vlan_id"},
+    {{"ath", 18}, 7, "/wlan/inf:2/multi/index:%d/vlan_id"},
+    {{"ath", 25}, 8, "/wlan/inf:2/wds/index:%d/vlan_id"},
+};
+
+// The PVID of a WDS link, whose index goes into the path as typed.
+constexpr char WDS_PVID[] = "/wlan/inf:%d/wds/index:%s/vlan_id";
 
 // Reads a port's automatic PVID: the VLAN ID of the last of `entries` that it is an untagged member
 // of, as it stands there, or else 1. False when a node could not be read.
@@ -31,24 +50,6 @@ bool read_auto_pvid(ValueBuffer &pvid, const VlanPort &port, int entries) {
             return false;
     }
     return true;
-}
-
-int set_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
-    int vid = 0;
-    const char *index = nullptr;
-    if (!take_vlan_id_and_index(cli, ports, vid, index))
-        return CLI_REFUSED;
-    cfg_set_number(vid, INDEXED_PVID, interface_number(cli), ports.list, index);
-    return mark_for_apply(APPLY_WLAN);
-}
-
-int show_indexed_pvid(CliContext &cli, const IndexedPorts &ports) {
-    const char *index = take_only_index(cli, ports);
-    if (index == nullptr)
-        return CLI_REFUSED;
-    const int pvid = cfg_number(INDEXED_PVID, interface_number(cli), ports.list, index);
-    cli_printf("VLAN ID of %s (index %d) is %d\n", ports.name, decimal_value(index), pvid);
-    return CLI_DONE;
 }
 
 } // namespace
@@ -105,18 +106,20 @@ int show_node_number(const CliContext &cli, const char *path, const char *format
     return CLI_DONE;
 }
 
-int set_multi_pvid(CliContext &cli, const char *, CliCommand *) {
-    return set_indexed_pvid(cli, MULTI_SSID_PORTS);
-}
-
 int set_wds_pvid(CliContext &cli, const char *, CliCommand *) {
-    return set_indexed_pvid(cli, WDS_PORTS);
-}
-
-int get_multi_pvid(CliContext &cli, const char *, CliCommand *) {
-    return show_indexed_pvid(cli, MULTI_SSID_PORTS);
+    int vid = 0;
+    const char *index = nullptr;
+    if (!take_vlan_id_and_index(cli, WDS_PORTS, vid, index))
+        return CLI_REFUSED;
+    cfg_set_number(vid, WDS_PVID, interface_number(cli), index);
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int get_wds_pvid(CliContext &cli, const char *, CliCommand *) {
-    return show_indexed_pvid(cli, WDS_PORTS);
+    const char *index = take_only_index(cli, WDS_PORTS);
+    if (index == nullptr)
+        return CLI_REFUSED;
+    cli_printf("VLAN ID of WDS (index %d) is %d\n", decimal_value(index),
+               cfg_number(WDS_PVID, interface_number(cli), index));
+    return CLI_DONE;
 }

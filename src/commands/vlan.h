@@ -2,6 +2,7 @@
 #pragma once
 
 #include "commands/shared/fixed_value.h"
+#include "commands/shared/slot.h"
 #include "commands/vlan_group.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
@@ -37,11 +38,22 @@ int show_number(CliContext &cli, const char *, CliCommand *) {
     return show_node_number(cli, Path.text, Format.text);
 }
 
-// PVIDs of the current band's ports that have an index: words VID INDEX, or INDEX. Return 0; or -1
-// after saying why not.
-CliHandler set_multi_pvid;
+inline constexpr SlotSetter SLOT_PVID{
+    .leaf = "/vlan_id",
+    .rule = VLAN_ID_RULE,
+    .wanted = "VLAN ID",
+    .error_line = VLAN_ID_ERROR,
+};
+inline constexpr SlotDisplay SHOWN_PVID{
+    .leaf = "/vlan_id",
+    .subject = "VLAN ID of Multi-SSID",
+    .kind = SlotValue::Number,
+    .refusal = CLI_REFUSED,
+};
+
+// PVIDs of the current band's WDS links: words VID INDEX, or INDEX. Return 0; or -1 after the
+// refusal.
 CliHandler set_wds_pvid;
-CliHandler get_multi_pvid;
 CliHandler get_wds_pvid;
 
 inline constinit auto vlan_state_rows = command_table({
@@ -66,7 +78,7 @@ inline constexpr auto vlan_set_rows = command_rows({
     {"pvid_primary", "Set primary SSID PVID", set_pvid<"/wlan/inf:%d/vlan_id">},
     {"pvid_eth", "Set ethernet(LAN1) PVID", set_pvid<"/lan/ethernet/vlan_id">},
     {"pvid_sys", "Set system PVID", set_pvid<"/sys/vlan_id">},
-    {"multi-pvid", "Set PVID of Multi-SSID[index]", set_multi_pvid},
+    {"multi-pvid", "Set PVID of Multi-SSID[index]", set_slot<SLOT_PVID>},
     {"wds-pvid", "Set PVID of WDS[index]", set_wds_pvid},
     family("groupvid_primary", "Set wlan port member of group VID",
            vlan_member_rows<GroupPort::Primary>),
@@ -94,7 +106,7 @@ inline constexpr auto vlan_get_rows = command_rows({
     {"pvid_eth", "Display ethernet PVID",
      show_number<"/lan/ethernet/vlan_id", "Ethernet PVID==%d\n">},
     {"pvid_sys", "Display system PVID", show_number<"/sys/vlan_id", "system PVID==%d\n">},
-    {"multi-pvid", "Display PVID of Multi-SSID[index]", get_multi_pvid},
+    {"multi-pvid", "Display PVID of Multi-SSID[index]", show_slot<SHOWN_PVID>},
     {"wds-pvid", "Get PVID of WDS[index]", get_wds_pvid},
     {"groupvid_primary", "Display wlan port member of group VID",
      show_vlan_members<GroupPort::Primary>},

@@ -80,10 +80,10 @@ int set_indexed_member(CliContext &cli, const IndexedPorts &ports, Egress egress
 int set_single_member(CliContext &cli, const VlanPort &port, Egress egress) {
     if (arg_count(cli) != 1) {
         cli_printf("Wrong input parameters. Please input VLAN ID .\n");
-        return refuse_vlan_id();
+        return refuse(VLAN_ID_ERROR);
     }
-    int vid = 0;
-    if (!take_vlan_id(cli, vid))
+    const int vid = take_vlan_id(cli);
+    if (vid == 0)
         return CLI_REFUSED;
     const std::optional<int> entry = entry_for(vid);
     return entry ? write_member(*entry, vid, port, egress) : CLI_REFUSED;

@@ -76,7 +76,7 @@ int store_slot_value(CliContext &cli, const SlotSetter &setter) {
 int show_slot_value(CliContext &cli, const SlotDisplay &display) {
     Slot slot{};
     if (!take_only_slot(cli, slot, display.wrong_count, display.out_of_range))
-        return CLI_DONE;
+        return display.refusal;
     ValueBuffer value;
     if (!value)
         return refuse(CANT_ALLOC_MEMORY);

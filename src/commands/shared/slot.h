@@ -80,9 +80,10 @@ struct SlotDisplay {
     const char *tail = "\n";
     const char *wrong_count = SLOT_NOT_SPECIFIED;
     const char *out_of_range = SLOT_OUT_OF_RANGE;
+    int refusal = CLI_DONE; // what is returned for words that name no slot
 };
 
-// Takes the slot and shows the leaf. Returns 0, also after a refusal; or -1 after
+// Takes the slot and shows the leaf. Returns 0; or the display's refusal; or -1 after
 // " can't alloc memory ".
 int show_slot_value(CliContext &cli, const SlotDisplay &display);
 

@@ -3,20 +3,12 @@
 #include "shell/args.h"
 #include "shell/output.h"
 
-int refuse_vlan_id() {
-    return refuse("ERROR: Unable to set VLAN ID.\n");
-}
-
-bool take_vlan_id(CliContext &cli, int &vid) {
-    std::uint32_t number = 0;
-    if (arg_uint(cli, number, 10) == 0) {
-        vid = static_cast<int>(number); // negative when it is too large
-        if (is_vlan_id(vid))
-            return true;
-        cli_printf("Please specify the correct VLAN ID (%d~%d).\n", FIRST_VLAN_ID, LAST_VLAN_ID);
-    }
-    refuse_vlan_id();
-    return false;
+int take_vlan_id(CliContext &cli) {
+    CheckedValue vid;
+    if (vid.take(cli, VLAN_ID_RULE))
+        return decimal_value(vid.text());
+    cli_printf(VLAN_ID_ERROR);
+    return 0;
 }
 
 const char *take_vlan_word(CliContext &cli) {
@@ -37,16 +29,17 @@ bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid
     if (arg_count(cli) != 2) {
         cli_printf("Wrong input parameters. Please input VLAN ID and %s index (1-%d).\n",
                    ports.name, ports.last_index);
-        refuse_vlan_id();
+        cli_printf(VLAN_ID_ERROR);
         return false;
     }
-    if (!take_vlan_id(cli, vid))
+    vid = take_vlan_id(cli);
+    if (vid == 0)
         return false;
     index = arg_next(cli);
     if (in_range(index, 1, ports.last_index) != 0)
         return true;
     cli_printf("Please input correct %s index: 1-%d\n", ports.other_name, ports.last_index);
-    refuse_vlan_id();
+    cli_printf(VLAN_ID_ERROR);
     return false;
 }
 

@@ -1,7 +1,7 @@
-// The ports of the bridge, and how the administrator's words name ports and VLANs.
+// The ports of the bridge, and how a line names ports and VLANs.
 #pragma once
 
-#include "shell/context.h"
+#include "commands/shared/value_rule.h"
 
 inline constexpr int FIRST_VLAN_ID = 1;
 inline constexpr int LAST_VLAN_ID = 4094;
@@ -10,7 +10,15 @@ inline constexpr bool is_vlan_id(int number) {
     return number >= FIRST_VLAN_ID && number <= LAST_VLAN_ID;
 }
 
-// A port as the group table knows it: the node "/KIND:NUMBER/egress" of each entry.
+inline constexpr ValueRule VLAN_ID_RULE{
+    .kind = ValueKind::Number,
+    .low = FIRST_VLAN_ID,
+    .high = LAST_VLAN_ID,
+    .message = "Please specify the correct VLAN ID (1~4094).\n",
+};
+inline constexpr char VLAN_ID_ERROR[] = "ERROR: Unable to set VLAN ID.\n";
+
+// A port in the group table: the node "/KIND:NUMBER/egress" of each entry.
 struct VlanPort {
     char kind[4];
     int number;
@@ -21,52 +29,31 @@ inline int first_wireless_port(const CliContext &cli) {
     return 1 + 16 * cli.current_band;
 }
 
-// A run of ports that are alike, and the node of their PVIDs, with "%d" for 1..count.
-struct VlanPortRun {
-    VlanPort first;
-    int count;
-    char pvid_path[36];
-};
-
-inline constexpr VlanPortRun VLAN_PORTS[] = {
-    {{"sys", 1}, 1, "/sys/vlan_id"},
-    {{"eth", 1}, 1, "/lan/ethernet/vlan_id"},
-    {{"eth", 2}, 1, "/lan/ethernet:2/vlan_id"},
-    {{"ath", 1}, 1, "/wlan/inf:1/vlan_id"},
-    {{"ath", 2}, 7, "/wlan/inf:1/multi/index:%d/vlan_id"},
-    {{"ath", 9}, 8, "/wlan/inf:1/wds/index:%d/vlan_id"},
-    {{"ath", 17}, 1, "/wlan/inf:2/vlan_id"},
-    {{"ath", 18}, 7, "/wlan/inf:2/multi/index:%d/vlan_id"},
-    {{"ath", 25}, 8, "/wlan/inf:2/wds/index:%d/vlan_id"},
-};
-
 // Wireless ports that the administrator names by an index from 1.
 struct IndexedPorts {
-    const char *list;       // of the PVID nodes, below the interface
-    const char *name;       // in displays and refusals,
+    const char *name;       // in refusals,
     const char *other_name; // and where a setter refuses the index
     int last_index;
-    int offset;      // of the port's number from the index on the first band ...
-    int band_offset; // ... and from there on the second
+    int offset;      // of the port's number from the index on the first band,
+    int band_offset; // and from there on the second
 
     [[nodiscard]] VlanPort port(const CliContext &cli, int index) const {
         return {"ath", index + offset + band_offset * cli.current_band};
     }
 };
 
-inline constexpr IndexedPorts MULTI_SSID_PORTS = {"multi", "Multi-SSID", "multi_SSID", 3, 1, 16};
+inline constexpr IndexedPorts MULTI_SSID_PORTS = {"Multi-SSID", "multi_SSID", 3, 1, 16};
 
-// On the second band these numbers begin with the primary SSID's, not where VLAN_PORTS has the
+// On the second band these are the ports 17 to 20, the primary SSID's and the first slots', not its
 // WDS links. Deliberate.
-inline constexpr IndexedPorts WDS_PORTS = {"wds", "WDS", "WDS", 4, 8, 8};
+inline constexpr IndexedPorts WDS_PORTS = {"WDS", "WDS", 4, 8, 8};
 
-// Prints what is said when a VLAN cannot be set; returns CLI_REFUSED.
-int refuse_vlan_id();
+// Takes the next word as a VLAN ID. Returns it; or 0 after the refusal, which ends with
+// VLAN_ID_ERROR.
+int take_vlan_id(CliContext &cli);
 
-// Takes the next word as a VLAN ID. False after saying why not.
-bool take_vlan_id(CliContext &cli, int &vid);
-
-// Takes the first of the words as a VLAN ID and leaves it as typed. Null after saying why not.
+// Takes the next word as a VLAN ID by its decimal value. Returns it as typed; or null after the
+// refusal.
 const char *take_vlan_word(CliContext &cli);
 
 // Takes the two words of a line as a VLAN ID and an index, which stays as typed. False after
