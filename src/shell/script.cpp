@@ -112,7 +112,10 @@ public:
         return true;
     }
 
-    [[nodiscard]] std::string_view text() const { return {text_.get(), length_}; }
+    void print(std::FILE *out) const {
+        if (length_ > 0)
+            std::fwrite(text_.get(), 1, length_, out);
+    }
 
 private:
     std::unique_ptr<char[]> text_;
@@ -131,8 +134,7 @@ public:
             if (!is_skipped() && !run_line())
                 note_failure();
         }
-        const std::string_view failures = failures_.text();
-        std::fwrite(failures.data(), 1, failures.size(), stderr);
+        failures_.print(stderr);
         return !has_failed_;
     }
 
