@@ -26,10 +26,10 @@ inline constexpr SlotSetter SLOT_DYNAMIC_WEP_INTERVAL{
 };
 inline constexpr SlotSwitch SLOT_DYNAMIC_WEP_LENGTH{
     .leaf = "/d_wepkeylen",
-    .wrong_count = SLOT_NOT_SPECIFIED,
-    .error_line = "ERROR: Unable to set individual multi-SSID wep key length.\n",
-    .not_a_number = SLOT_NOT_SPECIFIED,
-    .out_of_range = SLOT_NOT_SPECIFIED,
+    .refusal = {.wrong_count = SLOT_NOT_SPECIFIED,
+                .out_of_range = SLOT_NOT_SPECIFIED,
+                .error_line = "ERROR: Unable to set individual multi-SSID wep key length.\n",
+                .not_a_number = SLOT_NOT_SPECIFIED},
 };
 
 inline constexpr SlotDisplay SHOWN_DYNAMIC_WEP_LENGTH{

@@ -11,49 +11,10 @@
 
 namespace {
 
-constexpr int NO_KEY = 0;
-
-bool is_key_index(std::int64_t index) {
-    return index >= 1 && index <= WEP_KEY_COUNT;
-}
-
-// What a command says to words that are no key's index.
-struct KeyRefusal {
-    const char *error_line;        // behind each of the others
-    const char *wrong_count = "";  // to a wrong number of words
-    const char *not_a_number = ""; // behind what arg_uint said
+constexpr IndexRefusal SHOW_REFUSAL{
+    .wrong_count = WEP_KEY_OUT_OF_RANGE,
+    .out_of_range = WEP_KEY_OUT_OF_RANGE,
 };
-
-// Takes the index of a key, the first of `words` words left. Returns 1..4; or NO_KEY after the
-// refusal, or after WEP_KEY_OUT_OF_RANGE and the error line for a number that is no key's.
-int take_key(CliContext &cli, int words, const KeyRefusal &refusal) {
-    std::uint32_t index = 0;
-    const char *reason = "";
-    if (arg_count(cli) != words)
-        reason = refusal.wrong_count;
-    else if (arg_uint(cli, index, 10) != 0)
-        reason = refusal.not_a_number;
-    else if (!is_key_index(index))
-        reason = WEP_KEY_OUT_OF_RANGE;
-    else
-        return static_cast<int>(index);
-    cli_printf("%s%s", reason, refusal.error_line);
-    return NO_KEY;
-}
-
-// The only word left as the index of a key, by its decimal value; or NO_KEY.
-int only_key(const CliContext &cli) {
-    const int index = arg_count(cli) == 1 ? decimal_value(arg_peek(cli, 0)) : NO_KEY;
-    return is_key_index(index) ? index : NO_KEY;
-}
-
-// The same, NO_KEY after WEP_KEY_OUT_OF_RANGE.
-int displayed_key(const CliContext &cli) {
-    const int index = only_key(cli);
-    if (index == NO_KEY)
-        cli_printf(WEP_KEY_OUT_OF_RANGE);
-    return index;
-}
 
 std::optional<int> default_key() {
     return cfg_read_number("/wlan/inf:1/defkey");
@@ -116,8 +77,10 @@ const char *key_format_name(int format) {
 }
 
 int set_key(CliContext &cli, const char *, CliCommand *) {
-    const int index = take_key(cli, 2, {.error_line = "ERROR: Unable to set wep key value.\n"});
-    if (index == NO_KEY)
+    const int index = take_index_number(cli, 2, WEP_KEY_COUNT,
+                                        {.out_of_range = WEP_KEY_OUT_OF_RANGE,
+                                         .error_line = "ERROR: Unable to set wep key value.\n"});
+    if (index == 0)
         return CLI_REFUSED;
     ValueBuffer value;
     if (!value)
@@ -140,10 +103,11 @@ int set_key(CliContext &cli, const char *, CliCommand *) {
 }
 
 int delete_key(CliContext &cli, const char *, CliCommand *) {
-    const int index = take_key(cli, 1,
-                               {.error_line = "ERROR: Unable to delete wep key value.\n",
-                                .not_a_number = WEP_KEY_OUT_OF_RANGE});
-    if (index == NO_KEY)
+    const int index = take_index_number(cli, 1, WEP_KEY_COUNT,
+                                        {.out_of_range = WEP_KEY_OUT_OF_RANGE,
+                                         .error_line = "ERROR: Unable to delete wep key value.\n",
+                                         .not_a_number = WEP_KEY_OUT_OF_RANGE});
+    if (index == 0)
         return CLI_REFUSED;
     cfg_set("", "/wlan/inf:1/wepkey:%d", index);
     cfg_set("2", "/wlan/inf:1/wepkey:%d/keyformat", index);
@@ -161,9 +125,9 @@ int delete_key(CliContext &cli, const char *, CliCommand *) {
 }
 
 int change_key_attribute(CliContext &cli, const KeyAttribute &attribute, const char *value) {
-    const int index = only_key(cli);
-    if (index == NO_KEY)
+    if (!is_only_word_in(cli, 1, WEP_KEY_COUNT))
         return refuse("%sERROR: Unable to set individual wep key format.\n", attribute.wrong_input);
+    const int index = decimal_value(arg_next(cli));
     ValueBuffer current;
     if (!current)
         return refuse(MEMORY_ERROR);
@@ -184,11 +148,12 @@ int change_key_attribute(CliContext &cli, const KeyAttribute &attribute, const c
 }
 
 int set_default_key(CliContext &cli, const char *, CliCommand *) {
-    const int index = take_key(cli, 1,
-                               {.error_line = "ERROR: Unable to set default key index.\n",
-                                .wrong_count = WEP_KEY_OUT_OF_RANGE,
-                                .not_a_number = WEP_KEY_OUT_OF_RANGE});
-    if (index == NO_KEY)
+    const int index = take_index_number(cli, 1, WEP_KEY_COUNT,
+                                        {.wrong_count = WEP_KEY_OUT_OF_RANGE,
+                                         .out_of_range = WEP_KEY_OUT_OF_RANGE,
+                                         .error_line = "ERROR: Unable to set default key index.\n",
+                                         .not_a_number = WEP_KEY_OUT_OF_RANGE});
+    if (index == 0)
         return CLI_REFUSED;
     ValueBuffer value;
     if (!value)
@@ -204,22 +169,22 @@ int set_default_key(CliContext &cli, const char *, CliCommand *) {
 }
 
 int get_key(CliContext &cli, const char *, CliCommand *) {
-    const int index = displayed_key(cli);
-    if (index != NO_KEY)
+    const int index = take_index(cli, 1, WEP_KEY_COUNT, SHOW_REFUSAL).number;
+    if (index != 0)
         run_command("rgdb -g /wlan/inf:%d/wepkey:%d", interface_number(cli), index);
     return CLI_DONE;
 }
 
 int get_key_length(CliContext &cli, const char *, CliCommand *) {
-    const int index = displayed_key(cli);
-    if (index != NO_KEY)
+    const int index = take_index(cli, 1, WEP_KEY_COUNT, SHOW_REFUSAL).number;
+    if (index != 0)
         run_command("rgdb -g /wlan/inf:1/wepkey:%d/keylength", index);
     return CLI_DONE;
 }
 
 int get_key_format(CliContext &cli, const char *, CliCommand *) {
-    const int index = displayed_key(cli);
-    if (index == NO_KEY)
+    const int index = take_index(cli, 1, WEP_KEY_COUNT, SHOW_REFUSAL).number;
+    if (index == 0)
         return CLI_DONE;
     const int format = cfg_number("/wlan/inf:1/wepkey:%d/keyformat", index);
     if (const char *name = key_format_name(format))

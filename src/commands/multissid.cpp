@@ -7,23 +7,28 @@
 
 namespace {
 
-constexpr char AUTHENTICATION_SLOT_NOT_SPECIFIED[] =
-    "Wrong input parameters. Please input Authentication Type and specify the correct Multi-SSID "
-    "index (1-3).\n";
-constexpr char CIPHER_SLOT_NOT_SPECIFIED[] =
-    "Wrong input parameters. Please input Cipher Type and specify the correct Multi-SSID index "
-    "(1-3).\n";
+constexpr IndexRefusal AUTHENTICATION_REFUSAL{
+    .wrong_count = "Wrong input parameters. Please input Authentication Type and specify the "
+                   "correct Multi-SSID index (1-3).\n",
+    .out_of_range = SLOT_REFUSAL.out_of_range,
+};
+constexpr IndexRefusal CIPHER_REFUSAL{
+    .wrong_count = "Wrong input parameters. Please input Cipher Type and specify the correct "
+                   "Multi-SSID index (1-3).\n",
+    .out_of_range = SLOT_REFUSAL.out_of_range,
+};
 
 bool is_wpa(int authentication) {
     return authentication >= AUTH_WPA_EAP && authentication <= AUTH_WPA_AUTO_PSK;
 }
 
-int slot_number(ValueBuffer &value, const CliContext &cli, const Slot &slot, const char *leaf) {
+int slot_number(ValueBuffer &value, const CliContext &cli, const LineIndex &slot,
+                const char *leaf) {
     read_slot(value, cli, slot, leaf);
     return value.number();
 }
 
-void confirm_cipher(const Slot &slot, const char *name) {
+void confirm_cipher(const LineIndex &slot, const char *name) {
     cli_printf("Cipher of Multi-SSID (index %d) is %s\n", slot.number, name);
 }
 
@@ -53,8 +58,8 @@ int enable_multi_ssid(CliContext &cli, const char *, CliCommand *) {
 int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
     const SlotAuthentication &type =
         item_of_current_row(SLOT_AUTHENTICATIONS, multi_authentication_rows);
-    Slot slot{};
-    if (!take_only_slot(cli, slot, AUTHENTICATION_SLOT_NOT_SPECIFIED))
+    const LineIndex slot = take_index(cli, 1, SLOT_COUNT, AUTHENTICATION_REFUSAL);
+    if (!slot)
         return CLI_DONE;
     write_slot(DecimalText().of(type.value), cli, slot, "/auth");
     mark_for_apply(APPLY_WLAN);
@@ -64,8 +69,8 @@ int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
 
 int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
     const SlotCipher &cipher = item_of_current_row(SLOT_CIPHERS, multi_cipher_rows);
-    Slot slot{};
-    if (!take_only_slot(cli, slot, CIPHER_SLOT_NOT_SPECIFIED))
+    const LineIndex slot = take_index(cli, 1, SLOT_COUNT, CIPHER_REFUSAL);
+    if (!slot)
         return CLI_DONE;
     ValueBuffer value;
     if (!value)
@@ -85,8 +90,8 @@ int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_slot_cipher_none(CliContext &cli, const char *, CliCommand *) {
-    Slot slot{};
-    if (!take_only_slot(cli, slot, CIPHER_SLOT_NOT_SPECIFIED))
+    const LineIndex slot = take_index(cli, 1, SLOT_COUNT, CIPHER_REFUSAL);
+    if (!slot)
         return CLI_DONE;
     write_slot("0", cli, slot, "/cipher");
     write_slot("0", cli, slot, "/auth");
@@ -105,8 +110,8 @@ int get_priority(CliContext &cli, const char *, CliCommand *) {
 }
 
 int get_slot_wep_key(CliContext &cli, const char *, CliCommand *) {
-    Slot slot{};
-    if (!take_only_slot(cli, slot))
+    const LineIndex slot = take_index(cli, 1, SLOT_COUNT, SLOT_REFUSAL);
+    if (!slot)
         return CLI_DONE;
     ValueBuffer value;
     if (!value)

@@ -8,27 +8,31 @@
 
 inline constexpr SlotSwitch SLOT_STATE{
     .leaf = "/state",
-    .wrong_count = "Wrong input parameters. Please input individual multi-SSID state and "
-                   "Multi-SSID index (1-3).\n",
-    .error_line = "ERROR: Unable to set individual multi-SSID state.\n",
+    .refusal = {.wrong_count =
+                    "Wrong input parameters. Please input individual multi-SSID state and "
+                    "Multi-SSID index (1-3).\n",
+                .out_of_range = SLOT_NOT_CORRECT,
+                .error_line = "ERROR: Unable to set individual multi-SSID state.\n"},
 };
 inline constexpr SlotSwitch SLOT_SSID_HIDDEN{
     .leaf = "/ssid_hidden",
-    .wrong_count = "Wrong input parameters. Please input ssid hidden state and Multi-SSID index "
-                   "(1-3).\n",
-    .error_line = "ERROR: Unable to set individual multi-SSID ssid hidden state.\n",
+    .refusal = {.wrong_count =
+                    "Wrong input parameters. Please input ssid hidden state and Multi-SSID "
+                    "index (1-3).\n",
+                .out_of_range = SLOT_NOT_CORRECT,
+                .error_line = "ERROR: Unable to set individual multi-SSID ssid hidden state.\n"},
 };
 // Refused in the words of the state. Deliberate.
 inline constexpr SlotSwitch SLOT_WMM{
     .leaf = "/wmm/enable",
-    .wrong_count = SLOT_STATE.wrong_count,
-    .error_line = SLOT_STATE.error_line,
+    .refusal = SLOT_STATE.refusal,
 };
 inline constexpr SlotSwitch SLOT_PARTITION{
     .leaf = "/w_partition",
-    .wrong_count = "Wrong input parameters. Please input wlan partition state and Multi-SSID "
-                   "index (1-3).\n",
-    .error_line = "ERROR: Unable to set individual multi-SSID wlan partition state.\n",
+    .refusal = {.wrong_count = "Wrong input parameters. Please input wlan partition state and "
+                               "Multi-SSID index (1-3).\n",
+                .out_of_range = SLOT_NOT_CORRECT,
+                .error_line = "ERROR: Unable to set individual multi-SSID wlan partition state.\n"},
 };
 
 inline constexpr SlotSetter SLOT_SSID{
@@ -142,9 +146,10 @@ inline constexpr SlotDisplay SHOWN_PRIORITY{
     .leaf = "/pri_bit",
     .subject = "Priority of Multi-SSID",
     .kind = SlotValue::Number,
-    .wrong_count =
-        "Wrong input parameters. Please specify the correct Multi-SSID priority index (1-3).\n",
-    .out_of_range = "Please specify the correct Multi-SSID priority index (1-3).\n",
+    .refusal = {.wrong_count =
+                    "Wrong input parameters. Please specify the correct Multi-SSID priority "
+                    "index (1-3).\n",
+                .out_of_range = "Please specify the correct Multi-SSID priority index (1-3).\n"},
 };
 
 // Gives up an operating mode in which there is no multi-SSID, and says so. Returns 0; or -1 after

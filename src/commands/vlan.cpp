@@ -108,18 +108,18 @@ int show_node_number(const CliContext &cli, const char *path, const char *format
 
 int set_wds_pvid(CliContext &cli, const char *, CliCommand *) {
     int vid = 0;
-    const char *index = nullptr;
-    if (!take_vlan_id_and_index(cli, WDS_PORTS, vid, index))
+    const LineIndex link = take_vlan_id_and_index(cli, WDS_PORTS, vid);
+    if (!link)
         return CLI_REFUSED;
-    cfg_set_number(vid, WDS_PVID, interface_number(cli), index);
+    cfg_set_number(vid, WDS_PVID, interface_number(cli), link.word);
     return mark_for_apply(APPLY_WLAN);
 }
 
 int get_wds_pvid(CliContext &cli, const char *, CliCommand *) {
-    const char *index = take_only_index(cli, WDS_PORTS);
-    if (index == nullptr)
+    const LineIndex link = take_index(cli, 1, WDS_PORTS.last_index, WDS_PORTS.show_refusal);
+    if (!link)
         return CLI_REFUSED;
-    cli_printf("VLAN ID of WDS (index %d) is %d\n", decimal_value(index),
-               cfg_number(WDS_PVID, interface_number(cli), index));
+    cli_printf("VLAN ID of WDS (index %d) is %d\n", link.number,
+               cfg_number(WDS_PVID, interface_number(cli), link.word));
     return CLI_DONE;
 }

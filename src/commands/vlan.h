@@ -48,7 +48,7 @@ inline constexpr SlotDisplay SHOWN_PVID{
     .leaf = "/vlan_id",
     .subject = "VLAN ID of Multi-SSID",
     .kind = SlotValue::Number,
-    .refusal = CLI_REFUSED,
+    .refused = CLI_REFUSED,
 };
 
 // PVIDs of the current band's WDS links: words VID INDEX, or INDEX. Return 0; or -1 after the

@@ -65,8 +65,8 @@ int write_member(int entry, int vid, const VlanPort &port, Egress egress) {
 // These alone mind the end of the table. Deliberate.
 int set_indexed_member(CliContext &cli, const IndexedPorts &ports, Egress egress) {
     int vid = 0;
-    const char *index = nullptr;
-    if (!take_vlan_id_and_index(cli, ports, vid, index))
+    const LineIndex index = take_vlan_id_and_index(cli, ports, vid);
+    if (!index)
         return CLI_REFUSED;
     const std::optional<int> entry = entry_for(vid);
     if (!entry)
@@ -74,7 +74,7 @@ int set_indexed_member(CliContext &cli, const IndexedPorts &ports, Egress egress
     if (*entry > GROUP_ENTRIES)
         return refuse("The entry of Group VID is full(%d). Can't add more group VID\n",
                       GROUP_ENTRIES);
-    return write_member(*entry, vid, ports.port(cli, decimal_value(index)), egress);
+    return write_member(*entry, vid, ports.port(cli, index.number), egress);
 }
 
 int set_single_member(CliContext &cli, const VlanPort &port, Egress egress) {
@@ -145,10 +145,8 @@ int show_group_members(CliContext &cli, GroupPort port) {
     const IndexedPorts *ports = indexed_ports(port);
     if (ports == nullptr)
         return list_members(single_port(cli, port));
-    const char *index = take_only_index(cli, *ports);
-    if (index == nullptr)
-        return CLI_REFUSED;
-    return list_members(ports->port(cli, decimal_value(index)));
+    const LineIndex index = take_index(cli, 1, ports->last_index, ports->show_refusal);
+    return index ? list_members(ports->port(cli, index.number)) : CLI_REFUSED;
 }
 
 int set_group_name(CliContext &cli, const char *, CliCommand *) {

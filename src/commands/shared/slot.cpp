@@ -8,53 +8,27 @@ namespace {
 
 constexpr char SLOT_LEAF[] = "/wlan/inf:%d/multi/index:%s%s";
 
-bool is_slot(std::int64_t number) {
-    return number >= 1 && number <= SLOT_COUNT;
+// A slot by its number, 1..3.
+LineIndex numbered_slot(int number) {
+    static constexpr char WORDS[SLOT_COUNT][2] = {"1", "2", "3"};
+    return {WORDS[number - 1], number};
 }
 
 } // namespace
 
-Slot numbered_slot(int number) {
-    static constexpr char NAMES[SLOT_COUNT][2] = {"1", "2", "3"};
-    return {NAMES[number - 1], number};
+int read_slot(ReadTarget value, const CliContext &cli, const LineIndex &slot, const char *leaf) {
+    return cfg_get(value, SLOT_LEAF, interface_number(cli), slot.word, leaf);
 }
 
-bool take_slot(CliContext &cli, Slot &slot) {
-    const char *word = arg_next(cli);
-    if (word == nullptr)
-        return false;
-    slot = {word, decimal_value(word)};
-    return is_slot(slot.number);
-}
-
-bool take_only_slot(CliContext &cli, Slot &slot, const char *wrong_count,
-                    const char *out_of_range) {
-    if (arg_count(cli) != 1)
-        cli_printf("%s", wrong_count);
-    else if (!take_slot(cli, slot))
-        cli_printf("%s", out_of_range);
-    else
-        return true;
-    return false;
-}
-
-int read_slot(ReadTarget value, const CliContext &cli, const Slot &slot, const char *leaf) {
-    return cfg_get(value, SLOT_LEAF, interface_number(cli), slot.name, leaf);
-}
-
-int write_slot(const char *value, const CliContext &cli, const Slot &slot, const char *leaf) {
-    return cfg_set(value, SLOT_LEAF, interface_number(cli), slot.name, leaf);
+int write_slot(const char *value, const CliContext &cli, const LineIndex &slot, const char *leaf) {
+    return cfg_set(value, SLOT_LEAF, interface_number(cli), slot.word, leaf);
 }
 
 int store_slot_switch(CliContext &cli, const SlotSwitch &target, const char *value) {
-    std::uint32_t number = 0;
-    if (arg_count(cli) != 1)
-        return refuse("%s%s", target.wrong_count, target.error_line);
-    if (arg_uint(cli, number, 10) != 0)
-        return refuse("%s%s", target.not_a_number, target.error_line);
-    if (!is_slot(number))
-        return refuse("%s%s", target.out_of_range, target.error_line);
-    write_slot(value, cli, numbered_slot(static_cast<int>(number)), target.leaf);
+    const int slot = take_index_number(cli, 1, SLOT_COUNT, target.refusal);
+    if (slot == 0)
+        return CLI_REFUSED;
+    write_slot(value, cli, numbered_slot(slot), target.leaf);
     return mark_for_apply(APPLY_WLAN);
 }
 
@@ -65,18 +39,19 @@ int store_slot_value(CliContext &cli, const SlotSetter &setter) {
     CheckedValue value;
     if (!value.take(cli, setter.rule))
         return refuse("%s", setter.value_error);
-    Slot slot{};
-    if (!take_slot(cli, slot))
-        return refuse("%s%s", setter.out_of_range, setter.slot_error);
+    const LineIndex slot = take_index(
+        cli, 1, SLOT_COUNT, {.out_of_range = setter.out_of_range, .error_line = setter.slot_error});
+    if (!slot)
+        return CLI_REFUSED;
     write_slot(value.text(), cli, setter.as_number ? numbered_slot(slot.number) : slot,
                setter.leaf);
     return mark_for_apply(APPLY_WLAN);
 }
 
 int show_slot_value(CliContext &cli, const SlotDisplay &display) {
-    Slot slot{};
-    if (!take_only_slot(cli, slot, display.wrong_count, display.out_of_range))
-        return display.refusal;
+    const LineIndex slot = take_index(cli, 1, SLOT_COUNT, display.refusal);
+    if (!slot)
+        return display.refused;
     ValueBuffer value;
     if (!value)
         return refuse(CANT_ALLOC_MEMORY);

@@ -6,6 +6,7 @@
 #pragma once
 
 #include "commands/shared/fixed_value.h"
+#include "commands/shared/line_index.h"
 #include "commands/shared/value_rule.h"
 #include "config/node_access.h"
 
@@ -13,41 +14,22 @@ inline constexpr int SLOT_COUNT = 3;
 
 inline constexpr char SLOT_NOT_SPECIFIED[] =
     "Wrong input parameters. Please specify the correct Multi-SSID index (1-3).\n";
-inline constexpr char SLOT_OUT_OF_RANGE[] = "Please specify the correct Multi-SSID index (1-3).\n";
+inline constexpr IndexRefusal SLOT_REFUSAL{
+    .wrong_count = SLOT_NOT_SPECIFIED,
+    .out_of_range = "Please specify the correct Multi-SSID index (1-3).\n",
+};
 inline constexpr char SLOT_NOT_CORRECT[] = "Please input correct multi_SSID index: 1-3\n";
 
-// A slot as a line names it. A word goes into the node paths as typed, so that 02 is the node
-// index:02, while a number goes in as the number. Both are meant.
-struct Slot {
-    const char *name; // its part of the path
-    int number;       // 1..3
-};
-
-// A slot by its number, 1..3.
-Slot numbered_slot(int number);
-
-// Takes the next word as a slot whose name is the word and whose number is the word's decimal
-// value. False, with nothing printed, when there is no word or the number is not 1..3.
-bool take_slot(CliContext &cli, Slot &slot);
-
-// The same for the only word left. False after `wrong_count` or `out_of_range`.
-bool take_only_slot(CliContext &cli, Slot &slot, const char *wrong_count = SLOT_NOT_SPECIFIED,
-                    const char *out_of_range = SLOT_OUT_OF_RANGE);
-
 // Reads a leaf of a slot, as cfg_get does.
-int read_slot(ReadTarget value, const CliContext &cli, const Slot &slot, const char *leaf);
+int read_slot(ReadTarget value, const CliContext &cli, const LineIndex &slot, const char *leaf);
 
 // Writes a leaf of a slot, as cfg_set does.
-int write_slot(const char *value, const CliContext &cli, const Slot &slot, const char *leaf);
+int write_slot(const char *value, const CliContext &cli, const LineIndex &slot, const char *leaf);
 
-// A leaf that fixed words set, with the slot as the only word behind, read as a number. Each
-// refusal prints its text and then the error line.
+// A leaf that fixed words set, with the slot as the only word behind, read as a number.
 struct SlotSwitch {
     const char *leaf;
-    const char *wrong_count;
-    const char *error_line;
-    const char *not_a_number = ""; // behind what arg_uint said
-    const char *out_of_range = SLOT_NOT_CORRECT;
+    IndexRefusal refusal;
 };
 
 // Takes the slot, writes `value`, sets APPLY_WLAN. Returns 0, or -1 after the refusal.
@@ -57,9 +39,9 @@ int store_slot_switch(CliContext &cli, const SlotSwitch &target, const char *val
 struct SlotSetter {
     const char *leaf;
     ValueRule rule;
-    const char *wanted; // what a wrong count of words is told to input besides the slot
+    const char *wanted; // besides the slot, in the refusal of a wrong count of words
     const char *error_line;
-    const char *value_error = error_line; // behind what the rule or arg_uint said
+    const char *value_error = error_line; // behind what the rule or arg_uint printed
     const char *out_of_range = SLOT_NOT_CORRECT;
     const char *slot_error = error_line; // behind out_of_range
     bool as_number = false;              // the slot goes into the path as a number
@@ -78,12 +60,11 @@ struct SlotDisplay {
     SlotValue kind;
     NumberName *name = nullptr; // of a Name
     const char *tail = "\n";
-    const char *wrong_count = SLOT_NOT_SPECIFIED;
-    const char *out_of_range = SLOT_OUT_OF_RANGE;
-    int refusal = CLI_DONE; // what is returned for words that name no slot
+    IndexRefusal refusal = SLOT_REFUSAL;
+    int refused = CLI_DONE; // the result after the refusal
 };
 
-// Takes the slot and shows the leaf. Returns 0; or the display's refusal; or -1 after
+// Takes the slot and shows the leaf. Returns 0; `refused` after the refusal; or -1 after
 // " can't alloc memory ".
 int show_slot_value(CliContext &cli, const SlotDisplay &display);
 

@@ -24,30 +24,11 @@ const char *take_vlan_word(CliContext &cli) {
     return nullptr;
 }
 
-bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid,
-                            const char *&index) {
+LineIndex take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid) {
     if (arg_count(cli) != 2) {
-        cli_printf("Wrong input parameters. Please input VLAN ID and %s index (1-%d).\n",
-                   ports.name, ports.last_index);
-        cli_printf(VLAN_ID_ERROR);
-        return false;
+        cli_printf("%s%s", ports.set_refusal.wrong_count, ports.set_refusal.error_line);
+        return {};
     }
     vid = take_vlan_id(cli);
-    if (vid == 0)
-        return false;
-    index = arg_next(cli);
-    if (in_range(index, 1, ports.last_index) != 0)
-        return true;
-    cli_printf("Please input correct %s index: 1-%d\n", ports.other_name, ports.last_index);
-    cli_printf(VLAN_ID_ERROR);
-    return false;
-}
-
-const char *take_only_index(CliContext &cli, const IndexedPorts &ports) {
-    const bool alone = arg_count(cli) == 1;
-    if (is_only_word_in(cli, 1, ports.last_index))
-        return arg_next(cli);
-    cli_printf("%sPlease specify the correct %s index (1-%d).\n",
-               alone ? "" : "Wrong input parameters. ", ports.name, ports.last_index);
-    return nullptr;
+    return vid != 0 ? take_index(cli, 1, ports.last_index, ports.set_refusal) : LineIndex{};
 }

@@ -1,7 +1,7 @@
 // The ports of the bridge, and how a line names ports and VLANs.
 #pragma once
 
-#include "commands/shared/value_rule.h"
+#include "commands/shared/slot.h"
 
 inline constexpr int FIRST_VLAN_ID = 1;
 inline constexpr int LAST_VLAN_ID = 4094;
@@ -31,8 +31,8 @@ inline int first_wireless_port(const CliContext &cli) {
 
 // Wireless ports that the administrator names by an index from 1.
 struct IndexedPorts {
-    const char *name;       // in refusals,
-    const char *other_name; // and where a setter refuses the index
+    IndexRefusal set_refusal; // of setters, which take a VLAN ID and the index
+    IndexRefusal show_refusal;
     int last_index;
     int offset;      // of the port's number from the index on the first band,
     int band_offset; // and from there on the second
@@ -42,11 +42,32 @@ struct IndexedPorts {
     }
 };
 
-inline constexpr IndexedPorts MULTI_SSID_PORTS = {"Multi-SSID", "multi_SSID", 3, 1, 16};
+inline constexpr IndexedPorts MULTI_SSID_PORTS{
+    .set_refusal =
+        {.wrong_count =
+             "Wrong input parameters. Please input VLAN ID and Multi-SSID index (1-3).\n",
+         .out_of_range = SLOT_NOT_CORRECT,
+         .error_line = VLAN_ID_ERROR},
+    .show_refusal = SLOT_REFUSAL,
+    .last_index = SLOT_COUNT,
+    .offset = 1,
+    .band_offset = 16,
+};
 
 // On the second band these are the ports 17 to 20, the primary SSID's and the first slots', not its
 // WDS links. Deliberate.
-inline constexpr IndexedPorts WDS_PORTS = {"WDS", "WDS", 4, 8, 8};
+inline constexpr IndexedPorts WDS_PORTS{
+    .set_refusal = {.wrong_count =
+                        "Wrong input parameters. Please input VLAN ID and WDS index (1-4).\n",
+                    .out_of_range = "Please input correct WDS index: 1-4\n",
+                    .error_line = VLAN_ID_ERROR},
+    .show_refusal = {.wrong_count =
+                         "Wrong input parameters. Please specify the correct WDS index (1-4).\n",
+                     .out_of_range = "Please specify the correct WDS index (1-4).\n"},
+    .last_index = 4,
+    .offset = 8,
+    .band_offset = 8,
+};
 
 // Takes the next word as a VLAN ID. Returns it; or 0 after the refusal, which ends with
 // VLAN_ID_ERROR.
@@ -56,10 +77,5 @@ int take_vlan_id(CliContext &cli);
 // refusal.
 const char *take_vlan_word(CliContext &cli);
 
-// Takes the two words of a line as a VLAN ID and an index, which stays as typed. False after
-// saying why not.
-bool take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid,
-                            const char *&index);
-
-// Takes the only word of a line as an index, which stays as typed. Null after saying why not.
-const char *take_only_index(CliContext &cli, const IndexedPorts &ports);
+// Takes the two words of a line as a VLAN ID and an index. No index after the refusal.
+LineIndex take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid);
