@@ -27,7 +27,7 @@ int fail(const char *message) {
 }
 
 std::optional<int> read_number(const NodePath &path) {
-    UsualValue value;
+    WAP_NOT_CLEARED UsualValue value;
     if (cfg_get_plain(value, path.text) != 0)
         return std::nullopt;
     return value.number();
@@ -60,7 +60,7 @@ int cfg_set_plain(const char *value, const char *path) {
 int cfg_get(ReadTarget target, const char *path, ...) {
     std::va_list values;
     va_start(values, path);
-    const NodePath expanded(path, values);
+    WAP_NOT_CLEARED const NodePath expanded(path, values);
     va_end(values);
     return cfg_get_plain(target, expanded.text);
 }
@@ -68,7 +68,7 @@ int cfg_get(ReadTarget target, const char *path, ...) {
 std::optional<int> cfg_read_number(const char *path, ...) {
     std::va_list values;
     va_start(values, path);
-    const NodePath expanded(path, values);
+    WAP_NOT_CLEARED const NodePath expanded(path, values);
     va_end(values);
     return read_number(expanded);
 }
@@ -76,7 +76,7 @@ std::optional<int> cfg_read_number(const char *path, ...) {
 int cfg_number(const char *path, ...) {
     std::va_list values;
     va_start(values, path);
-    const NodePath expanded(path, values);
+    WAP_NOT_CLEARED const NodePath expanded(path, values);
     va_end(values);
     return read_number(expanded).value_or(0);
 }
@@ -84,7 +84,7 @@ int cfg_number(const char *path, ...) {
 int cfg_set(const char *value, const char *path, ...) {
     std::va_list values;
     va_start(values, path);
-    const NodePath expanded(path, values);
+    WAP_NOT_CLEARED const NodePath expanded(path, values);
     va_end(values);
     return cfg_set_plain(value, expanded.text);
 }
@@ -92,7 +92,7 @@ int cfg_set(const char *value, const char *path, ...) {
 int cfg_set_number(long long value, const char *path, ...) {
     std::va_list values;
     va_start(values, path);
-    const NodePath expanded(path, values);
+    WAP_NOT_CLEARED const NodePath expanded(path, values);
     va_end(values);
     char text[24];
     std::snprintf(text, sizeof text, "%lld", value);

@@ -6,6 +6,14 @@
 #include <memory>
 #include <new>
 
+// For a large variable that is always written before it is read: where the build clears variables,
+// this one is spared, as clearing it would cost more than the rest of a read.
+#if __has_attribute(uninitialized)
+#define WAP_NOT_CLEARED __attribute__((uninitialized))
+#else
+#define WAP_NOT_CLEARED
+#endif
+
 // Memory for one text read from outside: `limit` bytes and a NUL behind them, on the heap and
 // zero-filled. The allocation may fail: test it before use.
 class ValueBuffer {

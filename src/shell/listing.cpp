@@ -20,7 +20,7 @@ bool passes(const CliCommand &row, const char *filter) {
 
 void list_row(CliContext &cli, const CliCommand &row, const char *prefix, const char *filter,
               int level) {
-    char path[PATH_SIZE];
+    WAP_NOT_CLEARED char path[PATH_SIZE];
     if (std::snprintf(path, sizeof path, "%s %s", prefix, row.name) >= PATH_SIZE)
         return;
     if (level == LIST_ROWS || row.subtable == nullptr) {

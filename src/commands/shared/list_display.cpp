@@ -1,4 +1,5 @@
 #include "commands/shared/list_display.h"
+
 // The formats come from template arguments of this program's own rows.
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 
