@@ -84,13 +84,11 @@ std::optional<int> slot_for(const CliContext &cli, int scan_row, ValueBuffer &sc
     return ROGUE_CAPACITY + 1;
 }
 
-int refuse_intrusion() {
-    return refuse("Usage: set intrusion {index} {type}\n"
-                  "\t\ttype[0-3]:\t1:valid\n"
-                  "\t\t\t\t2:neighbor\n"
-                  "\t\t\t\t3:rogue\n"
-                  "\t\t\t\t0:new\n");
-}
+constexpr char INTRUSION_USAGE[] = "Usage: set intrusion {index} {type}\n"
+                                   "\t\ttype[0-3]:\t1:valid\n"
+                                   "\t\t\t\t2:neighbor\n"
+                                   "\t\t\t\t3:rogue\n"
+                                   "\t\t\t\t0:new\n";
 
 } // namespace
 
@@ -174,7 +172,7 @@ int set_intrusion(CliContext &cli, const char *, CliCommand *) {
     const char *index_word = arg_next(cli);
     const char *type = arg_next(cli);
     if (!complete || unsigned_value(type) > 3)
-        return refuse_intrusion();
+        return refuse(INTRUSION_USAGE);
     const int interface = interface_number(cli);
     const int index = decimal_value(index_word);
     const std::optional<int> slot = slot_for(cli, index, scanned, slot_mac);

@@ -14,15 +14,13 @@ constexpr NumberedList RULE_MAC("/arpspoofing/static/index:%d/mac");
 
 using ArpText = ShortValue<20>;
 
-int refuse_add() {
-    return refuse("set arpspoofing add <ip address> <mac address>\n");
-}
+constexpr char ADD_USAGE[] = "set arpspoofing add <ip address> <mac address>\n";
 
 } // namespace
 
 int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 2)
-        return refuse_add();
+        return refuse(ADD_USAGE);
     ArpText stored;
     const ListPlace place = find_in_list(RULE_ADDRESS, stored, "", RULES);
     // Comes before a look at the words. Deliberate.
@@ -34,7 +32,7 @@ int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
     std::uint32_t address = 0;
     MacText mac{};
     if (arg_ipv4(cli, address) == 0 || arg_mac(cli, mac) == 0)
-        return refuse_add();
+        return refuse(ADD_USAGE);
     RULE_ADDRESS.write(*rule, ipv4_text(address).data());
     RULE_MAC.write(*rule, mac.data());
     return mark_for_apply(APPLY_ARPSPOOF);

@@ -35,12 +35,11 @@ void write_pool(int pool, const char *start, const char *end) {
     mark_for_apply(APPLY_WAN);
 }
 
-int refuse_type() {
+void print_type_usage() {
     print_lines({"Please specify available Limited Administration type.",
                  "    0: Limited Administration Disabled", "    1: Administration with VID",
                  "    2: Administration with Limited IP address",
                  "    3: Both VID and IP address"});
-    return CLI_DONE;
 }
 
 int switch_vlan_off() {
@@ -78,8 +77,10 @@ bool includes_limit(int type, int limit) {
 }
 
 int set_admin_limit_type(CliContext &cli, const char *, CliCommand *) {
-    if (!is_only_word_in(cli, 0, LIMITED_BY_BOTH))
-        return refuse_type();
+    if (!is_only_word_in(cli, 0, LIMITED_BY_BOTH)) {
+        print_type_usage();
+        return CLI_DONE;
+    }
     const char *word = arg_next(cli);
     const int type = decimal_value(word);
     const PoolSearch search =

@@ -19,18 +19,16 @@ bool is_rule(int index) {
     return index >= 1 && index <= RULES;
 }
 
-int refuse_rule() {
-    cli_printf("set qos rule add <index>(1~64) [OPTION]\n"
-               "\nOptions:\n"
-               "             name <Rule Name>\n"
-               "             priority <Priority>(0:Voice/1:Video/2:Best Effort/3:Background)\n"
-               "             protocol <IP Protocol>(0~256)\n"
-               "             host1ip <IP Address> <Range>\n"
-               "             host1port <IP Port> <Range>(0~65535)\n"
-               "             host2ip <IP Address> <Range>\n"
-               "             host2port <IP Port> <Range>(0~65535)\n");
-    return CLI_REFUSED;
-}
+constexpr char ADD_USAGE[] =
+    "set qos rule add <index>(1~64) [OPTION]\n"
+    "\nOptions:\n"
+    "             name <Rule Name>\n"
+    "             priority <Priority>(0:Voice/1:Video/2:Best Effort/3:Background)\n"
+    "             protocol <IP Protocol>(0~256)\n"
+    "             host1ip <IP Address> <Range>\n"
+    "             host1port <IP Port> <Range>(0~65535)\n"
+    "             host2ip <IP Address> <Range>\n"
+    "             host2port <IP Port> <Range>(0~65535)\n";
 
 // The options. Each takes its words, the last ones of the line, checks them and then writes;
 // false, and nothing written, when one of them is wrong.
@@ -132,7 +130,7 @@ int switch_rule(CliContext &cli, const char *command, const char *state) {
         return refuse("set qos rule %s <index>(1~64)\n", command);
     const int rule = decimal_value(arg_next(cli));
     if (!is_rule(rule))
-        return refuse_rule();
+        return refuse(ADD_USAGE);
     cfg_set(state, "/qos/rule/index:%d/state", rule);
     return mark_for_apply(APPLY_QOS);
 }
@@ -183,11 +181,11 @@ void print_rule(int rule, const RuleField &name) {
 int add_qos_rule(CliContext &cli, const char *, CliCommand *) {
     const int words = arg_count(cli);
     if (words < 3)
-        return refuse_rule();
+        return refuse(ADD_USAGE);
     const int rule = decimal_value(arg_next(cli));
     const RuleOption *option = find_option(arg_next(cli), words);
     if (!is_rule(rule) || option == nullptr || !option->add(cli, rule, option->host))
-        return refuse_rule();
+        return refuse(ADD_USAGE);
     return mark_for_apply(APPLY_QOS);
 }
 

@@ -12,6 +12,7 @@
 namespace {
 
 constexpr std::size_t NAME_LIMIT = 32;
+constexpr char NAME_ERROR[] = "ERROR: Unable to set VID name.\n";
 constexpr NumberedList ENTRY("/sys/group_vlan/index:%d");
 constexpr char NAME[] = "/sys/group_vlan/index:%d/group_name";
 constexpr char VID[] = "/sys/group_vlan/index:%d/group_vid";
@@ -116,10 +117,6 @@ int list_members(const VlanPort &port) {
     return CLI_DONE;
 }
 
-int refuse_name() {
-    return refuse("ERROR: Unable to set VID name.\n");
-}
-
 } // namespace
 
 std::optional<int> group_vid(int entry) {
@@ -153,7 +150,7 @@ int set_group_name(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 2) {
         cli_printf("Wrong input parameters. Please input VID name and VLAN ID (%d-%d).\n",
                    FIRST_VLAN_ID, LAST_VLAN_ID);
-        return refuse_name();
+        return refuse(NAME_ERROR);
     }
     const char *name = arg_next(cli);
     if (std::strlen(name) > NAME_LIMIT)
@@ -161,7 +158,7 @@ int set_group_name(CliContext &cli, const char *, CliCommand *) {
     const int vid = decimal_value(arg_next(cli));
     if (!is_vlan_id(vid)) {
         cli_printf("Please input correct VLAN ID: %d-%d\n", FIRST_VLAN_ID, LAST_VLAN_ID);
-        return refuse_name();
+        return refuse(NAME_ERROR);
     }
     for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
         const std::optional<int> used_by = group_vid(entry);
