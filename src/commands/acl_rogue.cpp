@@ -20,7 +20,7 @@ AddressList access_control_list(const CliContext &cli) {
     return {{ACL_ADDRESSES, interface_number(cli)}, ACL_CAPACITY, "ACL", "mac"};
 }
 
-// What the radio found, and what the administrator made of it: the fields of an access point.
+// The fields of an access point, as scanned and as classified.
 constexpr char SCANNED[] = "/runtime/wlan/inf:%d/rogue_ap/client:%d/%s";
 constexpr char CLASSIFIED[] = "/wlan/inf:%d/rogue_ap/client:%d/%s";
 
@@ -40,7 +40,7 @@ const char *rogue_type_name(int type) {
     return NAMES[type < 3 ? type : 3];
 }
 
-// The text that a number counts from 0, nothing beyond the last.
+// The text at index `number`, "" past the end.
 template <std::size_t N>
 const char *column_text(const char *const (&texts)[N], int number) {
     return number >= 0 && number < static_cast<int>(N) ? texts[number] : "";
@@ -52,7 +52,7 @@ void scan_for_access_points() {
     run_command("sh /etc/templates/ap_comp.sh %s", band);
 }
 
-// The columns do not line up with the heading. Deliberate. Their nodes are read in their order.
+// The columns do not line up with the heading. Deliberate. Their nodes are read in column order.
 void print_scan_result(int interface, int index, ReadTarget mac, ReadTarget ssid) {
     static constexpr const char *TYPES[] = {"new    ", "valid  ", "neighbor      ", "rogue  "};
     static constexpr const char *BANDS[] = {"B      ", "G   ", "N   ", "A   "};
@@ -69,9 +69,9 @@ void print_scan_result(int interface, int index, ReadTarget mac, ReadTarget ssid
     cli_printf("%s\n", number("status") != 0 ? "Up" : "Down");
 }
 
-// The slot that a scan result is classified in: its own, else the first free one, else the one
-// behind the last (deliberate). Reads the scan result's address for each slot anew. Nothing when
-// an address could not be read.
+// The slot in which a scan result is classified: its own, else the first free one, else the one
+// after the last (deliberate). Reads the scan result's address again for each slot. Nothing when an
+// address could not be read.
 std::optional<int> slot_for(const CliContext &cli, int scan_row, ValueBuffer &scanned,
                             ValueBuffer &classified) {
     for (int slot = 1; slot <= ROGUE_CAPACITY; ++slot) {
@@ -124,7 +124,7 @@ int get_rogue_aps(CliContext &cli, const char *, CliCommand *) {
         return refuse(MEMORY_ERROR);
     for (int index = 1; index <= LIST_BOUND; ++index) {
         cfg_get(mac, CLASSIFIED, interface_number(cli), index, "mac");
-        // Read also behind the last one.
+        // Also read past the last one.
         const int type = cfg_number(CLASSIFIED, interface_number(cli), index, "type");
         if (mac.empty())
             break;

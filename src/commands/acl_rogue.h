@@ -1,5 +1,5 @@
-// The wireless clients that a radio admits, by MAC address, and the access points around, as the
-// administrator classifies them.
+// The access control list of a radio's clients, by MAC address, and the access points nearby, as
+// the administrator classifies them.
 #pragma once
 
 #include "commands/shared/fixed_value.h"
@@ -12,18 +12,18 @@ inline constexpr int ACL_TABLE_ROWS = 512;
 
 const char *acl_mode_name(int mode);
 
-// What follows says what it refuses, missing memory ("memory error!") included.
+// All of these refuse without memory: "memory error!".
 
 // Word MAC, added to the access control list as typed.
 CliHandler add_acl_address;
 
-// Word MAC: any word that stands in the list.
+// Word MAC: any word that is in the list.
 CliHandler delete_acl_address;
 
 // Prints the access points that the administrator classified.
 CliHandler get_rogue_aps;
 
-// Words INDEX TYPE MAC: writes a classified access point. Only the MAC's length counts.
+// Words INDEX TYPE MAC: writes a classified access point. Only the MAC's length is checked.
 CliHandler set_rogue_ap;
 
 // Scans for access points and prints what was found.

@@ -23,7 +23,7 @@ int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
         return refuse(ADD_USAGE);
     ArpText stored;
     const ListPlace place = find_in_list(RULE_ADDRESS, stored, "", RULES);
-    // Comes before a look at the words. Deliberate.
+    // Checked before the words. Deliberate.
     if (place.result() == SearchResult::Full)
         return refuse("Max rules num is 8! \nCan't add rule because table is full!\n");
     const std::optional<int> rule = place.vacancy();

@@ -5,12 +5,12 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// `set arpspoofing add <ip> <mac>`: into the first free one of eight rules. Refuses a full table,
-// and other words with its usage.
+// `set arpspoofing add <ip> <mac>`: writes the first free one of eight rules. Refuses a full table,
+// and invalid words with its usage.
 CliHandler add_arp_rule;
 
-// `set arpspoofing delete <1..8>`: leaves a hole, where the list ends from then on. Refuses other
-// words with its usage.
+// `set arpspoofing delete <1..8>`: leaves a hole, at which the list then ends. Refuses other words
+// with its usage.
 CliHandler delete_arp_rule;
 
 // These two ignore words.

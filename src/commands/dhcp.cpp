@@ -8,7 +8,7 @@
 
 namespace {
 
-// One column of the static leases, and how it refuses a value.
+// One column of the static leases, and its refusals.
 struct StaticColumn {
     NumberedList list;
     const char *exists;
@@ -23,9 +23,9 @@ constexpr StaticColumn ADDRESSES = {NumberedList("/lan/dhcp/server/pool:1/static
 constexpr StaticColumn MACS = {NumberedList("/lan/dhcp/server/pool:1/staticdhcp/entry:%d/mac"),
                                "error! the mac address already exist!\n", "pool is full!\n"};
 
-// `stored` is where the entries are read.
+// `stored` is the buffer for the entries.
 int add_to_column(const StaticColumn &column, ValueBuffer &stored, const char *text) {
-    // Entries behind the pool count as duplicates, too.
+    // Entries past the end of the pool count as duplicates, too.
     const ListPlace place = find_in_list(column.list, stored, text, LIST_BOUND);
     if (place.result() == SearchResult::Unreadable)
         return CLI_REFUSED;

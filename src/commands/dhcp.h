@@ -10,7 +10,7 @@
 #include <algorithm>
 #include <string_view>
 
-// One static lease, and what the console says about it.
+// One static lease, and its words and help texts.
 struct StaticLease {
     int number = 0; // 1..25
     char word[sizeof "pool_25"] = "";
@@ -49,15 +49,15 @@ consteval StaticLeases make_static_leases() {
 
 inline constexpr StaticLeases STATIC_LEASES = make_static_leases();
 
-// One word, stored as typed. Refuses other counts of words, and says so.
+// One word, stored as typed. Refuses a wrong number of words.
 CliHandler set_dhcp_leasetime;
 
-// The static lease that was named, on or off.
+// Switch the static lease of the typed row on or off.
 CliHandler enable_static_lease;
 CliHandler disable_static_lease;
 
-// Put a word into the first static lease whose host name, address or MAC is empty, each column by
-// itself; refused when an entry before it holds the same, or when all 25 are filled.
+// Write a word to the first empty host name, address or MAC of the static leases, each column on
+// its own. Refused when an entry before it holds the same text, or when all 25 are filled.
 CliHandler add_static_hostname;
 CliHandler add_static_ip;
 CliHandler add_static_mac;
@@ -79,7 +79,7 @@ inline constexpr auto dhcp_set_rows = command_rows({
     // as is the path without its leading slash.
     family("dhcp_server_static_ip_mode", "Set dhcp server static ip mode states ",
            switch_rows<"lan/dhcp/server/pool:1/staticDhcp/enable", APPLY_DHCPD, "dhcp server">),
-    // This address and the netmask restart the LAN side, the others the server alone. Deliberate.
+    // This address and the netmask restart the LAN side, the others only the server. Deliberate.
     {"dhcp_startip", "Set dhcp server start ip  ",
      set_host_address<"/lan/dhcp/server/pool:1/startip", APPLY_LAN, "No IP Address!\n">},
     {"dhcp_endip", "Set dhcp server end ip  ",

@@ -25,7 +25,7 @@ struct SlotCopy {
     const char *value;
 };
 
-// Writes to the copies that the slots using the key hold of it, up to a slot that cannot be read.
+// Updates the copies in the slots that use the key; stops at a slot that cannot be read.
 int write_slot_copies(int index, std::initializer_list<SlotCopy> copies) {
     for (int slot = 1; slot <= SLOT_COUNT; ++slot) {
         const std::optional<int> used =
@@ -40,13 +40,14 @@ int write_slot_copies(int index, std::initializer_list<SlotCopy> copies) {
     return CLI_DONE;
 }
 
-// The characters that a key of so many bits, 24 of them public, has; negative for an unset length.
+// The number of characters of a key of `keylength` bits, of which 24 are public; negative for an
+// unset length.
 std::int64_t key_characters(int keylength, int format) {
     const std::int64_t secret_bits = std::int64_t{keylength} - 24;
     return secret_bits / (format == FORMAT_ASCII ? 8 : 4);
 }
 
-// The lines that say what is wrong with a key's text; null when it is good.
+// The message for a key's invalid text; null when it is valid.
 const char *key_fault(const char *key, int keylength, int format) {
     const bool known_format = format == FORMAT_ASCII || format == FORMAT_HEXADECIMAL;
     const auto length = static_cast<std::int64_t>(std::strlen(key));
@@ -58,7 +59,7 @@ const char *key_fault(const char *key, int keylength, int format) {
 }
 
 void show_key_node(ValueBuffer &value, const char *parent, const char *leaf, const char *equals) {
-    // Deliberately the older name of the nodes.
+    // The older name of the nodes. Deliberate.
     cfg_get(value, "/wireless/%s%s", parent, leaf);
     cli_printf("/wireless/%s%s%s%s\n", parent, leaf, equals, value.text());
 }

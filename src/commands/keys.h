@@ -1,6 +1,6 @@
-// Key material of the primary SSID: WEP keys, passphrase, group key interval; and the
-// administrator's login. WEP keys are those of interface 1 on both bands; multi-SSID slots that use
-// a key hold copies of it.
+// Keys of the primary SSID: WEP keys, passphrase, group key interval; and the administrator's
+// login. Both bands use the WEP keys of interface 1. Multi-SSID slots that use a key hold copies of
+// it.
 #pragma once
 
 #include "commands/shared/fixed_value.h"
@@ -13,12 +13,12 @@ inline constexpr int WEP_KEY_COUNT = 4;
 // Formats of a WEP key, as the nodes hold them.
 enum KeyFormat : int { FORMAT_ASCII = 1, FORMAT_HEXADECIMAL = 2 };
 
-// Null for a number that is no format.
+// Null for an unknown format.
 const char *key_format_name(int format);
 
 inline constexpr char WEP_KEY_OUT_OF_RANGE[] = "Please specify the correct key index (1--4).\n";
 
-// Values that the primary SSID and the multi-SSID slots have alike, and their refusals.
+// Values that the primary SSID and the multi-SSID slots share, and their refusals.
 inline constexpr ValueRule PASSPHRASE_RULE{
     .kind = ValueKind::Text,
     .low = 8,
@@ -61,11 +61,11 @@ inline constexpr ValueSetter LOGIN_PASSWORD{
     .error_line = "ERROR: Unable to set Login password.\n",
 };
 
-// An attribute of a WEP key that cannot change without clearing the key.
+// An attribute of a WEP key. Changing it clears the key.
 struct KeyAttribute {
     const char *leaf;        // of the key, and of the default key
     const char *slot_leaf;   // of a slot's copy
-    const char *wrong_input; // printed, before the error line, for wrong words
+    const char *wrong_input; // printed before the error line
 };
 
 inline constexpr KeyAttribute KEY_LENGTH{
@@ -79,8 +79,8 @@ inline constexpr KeyAttribute KEY_FORMAT{
     .wrong_input = "Wrong input parameters. Please input wep key format and key index (1-4).  \n",
 };
 
-// Gives the key of the one word an attribute; clears the key and its copies when the attribute
-// changes. Returns 0, or -1 after the refusal.
+// Word KEY. Sets an attribute of the key; when it changes, the key and its copies are cleared.
+// Returns 0, or -1 after the refusal.
 int change_key_attribute(CliContext &cli, const KeyAttribute &attribute, const char *value);
 
 template <const KeyAttribute &Attribute, FixedText Value>
@@ -88,18 +88,18 @@ int change_key(CliContext &cli, const char *, CliCommand *) {
     return change_key_attribute(cli, Attribute, Value.text);
 }
 
-// The setters refuse other counts of words, a key that is not 1..4 and missing memory, and say so.
+// The setters refuse a wrong number of words, a key outside 1..4 and missing memory.
 
-// Words KEY TEXT, with as many characters as the key's length and format ask for.
+// Words KEY TEXT, with exactly the characters that the key's length and format require.
 CliHandler set_key;
 
-// Word KEY. Clears it, and makes it one of 64 bits in hexadecimal digits.
+// Word KEY. Clears it and resets it to 64 bits in hexadecimal digits.
 CliHandler delete_key;
 
-// Word KEY. Makes it the default key, with its length and format.
+// Word KEY. Makes it the default key and copies its length and format.
 CliHandler set_default_key;
 
-// Word KEY; anything else is told. The first two let the database's tool print.
+// Word KEY. Other words are reported and return 0. The first two run the database's tool.
 CliHandler get_key;
 CliHandler get_key_length;
 CliHandler get_key_format;

@@ -20,8 +20,8 @@ PoolSearch find_pool() {
             UsualValue text;
             if (cfg_get(text, "/sys/adminlimit/ipentry/index:%d/%s", pool, edge) != 0)
                 return PoolSearch::Unreadable;
-            // A text that is no address counts: its value is the library's mark of failure.
-            // Deliberate.
+            // An invalid address counts as well: inet_addr returns its mark of failure, which is
+            // not 0. Deliberate.
             if (!text.empty() && inet_addr(text.text()) != 0)
                 return PoolSearch::Found;
         }
@@ -53,7 +53,7 @@ int switch_vlan_off() {
     return mark_for_apply(APPLY_WLAN);
 }
 
-// Takes the pools out of the type when there is none.
+// Removes the pools from the type when there is none.
 int drop_address_limit() {
     const std::optional<int> type = cfg_read_number(ADMIN_LIMIT_TYPE);
     if (!type)
@@ -112,13 +112,13 @@ int add_admin_pool(CliContext &cli, const char *, CliCommand *) {
     }
     const int pool = decimal_value(arg_next(cli));
     if (pool < 1 || pool > POOLS)
-        return CLI_DONE; // without a word. Deliberate.
+        return CLI_DONE; // silently. Deliberate.
     const char *start = arg_next(cli);
     write_pool(pool, start, arg_next(cli));
     return drop_address_limit();
 }
 
-// Deleting the last pool leaves the type alone; only adding looks. Deliberate.
+// Deleting the last pool does not change the type; only adding checks. Deliberate.
 int delete_admin_pool(CliContext &cli, const char *, CliCommand *) {
     if (is_only_word_in(cli, 1, POOLS))
         write_pool(decimal_value(arg_next(cli)), "", "");

@@ -11,20 +11,20 @@ inline constexpr int LIMITED_BY_VLAN = 1;
 inline constexpr int LIMITED_BY_ADDRESS = 2;
 inline constexpr int LIMITED_BY_BOTH = LIMITED_BY_VLAN | LIMITED_BY_ADDRESS;
 
-// True when the type, as it may stand in its node, includes the limit.
+// True when the type, as read from its node, is valid and includes the limit.
 bool includes_limit(int type, int limit);
 
-// The setters return 0, also after a refusal of the words.
+// The setters return 0, also after refusing the words; or -1 after a failed read.
 
-// `set ladtype <0..3>`. A type with address pools needs one; a type with the VLAN switches VLAN
-// operation off.
+// `set ladtype <0..3>`. A type that includes address pools needs at least one pool; a type that
+// includes the VLAN switches VLAN operation off.
 CliHandler set_admin_limit_type;
 
 // `set ladvid <1..4094>`.
 CliHandler set_admin_limit_vid;
 
-// `set ladippool-add <index> <start> <end>`: both edges as typed; says nothing of an index other
-// than 1..4. Takes the pools out of the type when none is left.
+// `set ladippool-add <index> <start> <end>`: both edges are stored as typed; an index outside 1..4
+// is ignored silently. Removes the pools from the type when none is left.
 CliHandler add_admin_pool;
 
 // `set ladippool-del <1..4>`.

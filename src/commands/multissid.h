@@ -22,7 +22,7 @@ inline constexpr SlotSwitch SLOT_SSID_HIDDEN{
                 .out_of_range = SLOT_NOT_CORRECT,
                 .error_line = "ERROR: Unable to set individual multi-SSID ssid hidden state.\n"},
 };
-// Refused in the words of the state. Deliberate.
+// Refused with the texts of the state. Deliberate.
 inline constexpr SlotSwitch SLOT_WMM{
     .leaf = "/wmm/enable",
     .refusal = SLOT_STATE.refusal,
@@ -82,8 +82,8 @@ inline constexpr ValueSetter PRIORITY{
 // A cipher of a slot, set by the word that sets it for the primary SSID.
 struct SlotCipher {
     Cipher value;
-    bool for_wpa;       // goes with the WPA types only, else with all others only
-    char confirmed[17]; // its name when it is set
+    bool for_wpa;       // for WPA authentication only; false: for all others only
+    char confirmed[17]; // its name when it is set,
     char name[11];      // and when it is displayed
 };
 
@@ -95,7 +95,7 @@ inline constexpr SlotCipher SLOT_CIPHERS[] = {
     {CIPHER_AUTO, true, "auto (tkip, aes)", "TKIP, AES"},
 };
 
-// An authentication type of a slot. Two of the words are not those of the primary SSID.
+// An authentication type of a slot. Two of the words differ from those of the primary SSID.
 struct SlotAuthentication {
     Authentication value;
     char word[13];
@@ -117,7 +117,7 @@ inline constexpr SlotAuthentication SLOT_AUTHENTICATIONS[] = {
 const char *slot_cipher_name(int cipher);
 
 inline constexpr SlotDisplay SHOWN_STATE{"/state", "Multi-SSID", SlotValue::Name, switch_name};
-// In the words of the state. Deliberate.
+// Displayed with the text of the state. Deliberate.
 inline constexpr SlotDisplay SHOWN_SSID_HIDDEN{"/ssid_hidden", "Multi-SSID", SlotValue::Name,
                                                switch_name};
 inline constexpr SlotDisplay SHOWN_PARTITION{"/w_partition", "Multi-SSID", SlotValue::Name,
@@ -152,16 +152,16 @@ inline constexpr SlotDisplay SHOWN_PRIORITY{
                 .out_of_range = "Please specify the correct Multi-SSID priority index (1-3).\n"},
 };
 
-// Gives up an operating mode in which there is no multi-SSID, and says so. Returns 0; or -1 after
-// "memory error!".
+// Changes an operating mode that excludes multi-SSID to the access point mode, and reports it.
+// Returns 0; or -1 after "memory error!" or a failed read.
 CliHandler enable_multi_ssid;
 
-// Word SLOT. Other words are told, and return 0; as is a cipher that does not go with the slot's
-// authentication type. Without memory the cipher's returns -1 after " can't alloc memory ".
+// Word SLOT. Other words, and a cipher that does not fit the slot's authentication type, are
+// reported and return 0. The cipher's returns -1 after " can't alloc memory " or a failed read.
 CliHandler set_slot_authentication;
 CliHandler set_slot_cipher;
 
-// Switches the slot's cipher and authentication off.
+// Word SLOT: sets no cipher and open-system authentication.
 CliHandler set_slot_cipher_none;
 
 // Of the primary SSID. Returns 0; or -1 after " can't alloc memory.".

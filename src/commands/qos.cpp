@@ -30,10 +30,10 @@ constexpr char ADD_USAGE[] =
     "             host2ip <IP Address> <Range>\n"
     "             host2port <IP Port> <Range>(0~65535)\n";
 
-// The options. Each takes its words, the last ones of the line, checks them and then writes;
-// false, and nothing written, when one of them is wrong.
+// The options. Each takes its words, the last ones of the line, checks them and then writes. False,
+// with nothing written, when one is invalid.
 
-// Some nodes are written with a slash behind their path, and read without. Deliberate.
+// Some nodes are written with a slash after their path, and read without it. Deliberate.
 bool add_name(CliContext &cli, int rule, int) {
     cfg_set(arg_next(cli), "/qos/rule/index:%d/name/", rule);
     return true;
@@ -92,7 +92,7 @@ bool add_ports(CliContext &cli, int rule, int host) {
     const char *start = arg_next(cli);
     const char *range = arg_next(cli);
     const std::uint32_t first = unsigned_value(start);
-    // A count of 0 or less ends below the first port. Deliberate.
+    // A count of 0 or less gives a last port below the first. Deliberate.
     const std::uint32_t last = first + unsigned_value(range) - 1;
     if (first >= PORT_LIMIT || last >= PORT_LIMIT)
         return false;
@@ -106,7 +106,7 @@ bool add_ports(CliContext &cli, int rule, int host) {
 struct RuleOption {
     bool (*add)(CliContext &cli, int rule, int host);
     std::string_view word; // an administrator's word must begin with it
-    int words;             // in all
+    int words;             // on the line, with the index
     int host;              // 1 or 2, or 0
 };
 

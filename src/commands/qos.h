@@ -10,8 +10,8 @@
 // Returns 0; or -1 after the usage text.
 CliHandler add_qos_rule;
 
-// `set qos rule apply|suspend <index>`. Return 0; or -1 after the usage line, for a wrong index
-// after that of `add`.
+// `set qos rule apply|suspend <index>`. Return 0; or -1 after the usage line, which for a wrong
+// index is that of `add`.
 CliHandler apply_qos_rule;
 CliHandler suspend_qos_rule;
 
@@ -21,7 +21,7 @@ CliHandler delete_qos_rule;
 // All rules that have a name. Words are ignored.
 CliHandler list_qos_rules;
 
-// The displays call the classifiers by other names. Deliberate.
+// The displays use other names for the classifiers. Deliberate.
 inline constinit auto qos_classifier_rows = command_table({
     family("http", "Set HTTP Classifier Status",
            reporting_switch_rows<"/qos/classifiers/http", APPLY_QOS, "HTTP Classifier Status",

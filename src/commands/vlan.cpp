@@ -15,7 +15,7 @@ namespace {
 
 constexpr char DEFAULT_PVID[] = "1";
 
-// No table has more entries, so that a daemon that miscounts cannot hold the console up for long.
+// Above any table's size: limits the work when the daemon reports a wrong count.
 constexpr int MAX_COUNTED_ENTRIES = 256;
 
 // A run of ports that are alike, and the node of their PVIDs, with "%d" for 1..count.
@@ -40,8 +40,8 @@ constexpr VlanPortRun VLAN_PORTS[] = {
 // The PVID of a WDS link, whose index goes into the path as typed.
 constexpr char WDS_PVID[] = "/wlan/inf:%d/wds/index:%s/vlan_id";
 
-// Reads a port's automatic PVID: the VLAN ID of the last of `entries` that it is an untagged member
-// of, as it stands there, or else 1. False when a node could not be read.
+// Reads a port's automatic PVID: the VLAN ID of the last of `entries` in which it is an untagged
+// member, as stored, or else 1. False when a node could not be read.
 bool read_auto_pvid(ValueBuffer &pvid, const VlanPort &port, int entries) {
     std::memcpy(pvid.data(), DEFAULT_PVID, sizeof DEFAULT_PVID);
     for (int entry = 1; entry <= entries; ++entry) {

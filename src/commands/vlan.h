@@ -7,19 +7,19 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// Switches VLAN operation on, and takes the VLAN out of limited administration.
+// Switches VLAN operation on and removes the VLAN limit from limited administration.
 CliHandler enable_vlan;
 
-// Has the PVIDs follow the group table, and sets all of them by it at once: a port's PVID is the
-// VLAN ID of the last entry that it is untagged in, as it stands there, or else 1. Returns 0; or -1
-// after " can't alloc memory ".
+// Makes the PVIDs follow the group table, and sets all of them at once: a port's PVID is the VLAN
+// ID of the last entry in which the port is untagged, copied as stored, or else 1. Returns 0; or -1
+// after " can't alloc memory " or a failed read.
 CliHandler enable_auto_pvid;
 
 // "dynamic" for 1, else "static".
 const char *vlan_mode_name(int number);
 
 // Takes the first word as a VLAN ID and writes it as typed to the node of `path`. Returns 0; or -1
-// after saying why not.
+// after the refusal.
 int write_pvid(CliContext &cli, const char *path);
 
 // Prints `format` with the node's number for its "%d". Returns 0.

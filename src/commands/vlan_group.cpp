@@ -41,8 +41,8 @@ VlanPort single_port(const CliContext &cli, GroupPort port) {
     }
 }
 
-// The entry of a VLAN; without one the entry behind the last used one, holes before it not counted,
-// and maybe one more than the table has. Nothing when an entry could not be read.
+// The entry of a VLAN. Without one, the entry after the last used one, which may be past the end of
+// the table; holes before it are not reused. Nothing when an entry could not be read.
 std::optional<int> entry_for(int vid) {
     int last_used = 0;
     for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
@@ -63,7 +63,7 @@ int write_member(int entry, int vid, const VlanPort &port, Egress egress) {
     return mark_for_apply(APPLY_WLAN);
 }
 
-// These alone mind the end of the table. Deliberate.
+// Only these check for the end of the table. Deliberate.
 int set_indexed_member(CliContext &cli, const IndexedPorts &ports, Egress egress) {
     int vid = 0;
     const LineIndex index = take_vlan_id_and_index(cli, ports, vid);

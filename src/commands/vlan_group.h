@@ -10,20 +10,20 @@
 
 inline constexpr int GROUP_ENTRIES = 18;
 
-// A port's place in a VLAN, as its egress node holds it.
+// A port's membership of a VLAN, as its egress node holds it.
 enum Egress : int {
     EGRESS_NONE = 0,
     EGRESS_TAG = 1,
     EGRESS_UNTAG = 2,
 };
 
-// The VLAN ID of an entry, 0 when the entry is free; nothing when it could not be read.
+// The VLAN ID of an entry, 0 for a free one; nothing when it could not be read.
 std::optional<int> group_vid(int entry);
 
-// Reads the VLAN ID of an entry as it stands, as cfg_get does.
+// Reads the VLAN ID of an entry as stored, as cfg_get does.
 [[nodiscard]] int read_group_vid(ReadTarget vid, int entry);
 
-// What a port is in the VLAN of an entry; nothing when that could not be read.
+// A port's egress in an entry; nothing when it could not be read.
 std::optional<int> group_egress(int entry, const VlanPort &port);
 
 // The ports that have commands of their own.
@@ -35,12 +35,11 @@ enum class GroupPort : std::uint8_t {
     System,
 };
 
-// `<vid> [<index>]`: makes a port a member of a VLAN, which takes the entry behind the last used
-// one if it has none. Returns 0; or -1 after saying why not.
+// `<vid> [<index>]`: sets a port's membership of a VLAN. A new VLAN takes the entry after the last
+// used one. Returns 0; or -1 after the refusal.
 int set_group_member(CliContext &cli, GroupPort port, Egress egress);
 
-// `[<index>]`: lists all VLANs with what the port is in them. Returns 0; or -1 after saying why
-// not.
+// `[<index>]`: lists all VLANs with the port's membership. Returns 0; or -1 after the refusal.
 int show_group_members(CliContext &cli, GroupPort port);
 
 template <GroupPort Port, Egress Member>
@@ -60,10 +59,10 @@ inline constinit auto vlan_member_rows = command_table({
     {"None", "not a member", set_vlan_member<Port, EGRESS_NONE>},
 });
 
-// Words NAME VID: names a VLAN in at most 32 characters. Returns 0, also after saying that there is
-// no such VLAN; or -1 after saying what is wrong with the words.
+// Words NAME VID: names a VLAN, in at most 32 characters. Returns 0, also after reporting that
+// there is no such VLAN; or -1 after refusing the words.
 CliHandler set_group_name;
 
-// Word VID: deletes the entries of a VLAN, if there are any, and shows their nodes. Returns 0; or
-// -1 after saying why not.
+// Word VID: deletes all entries of a VLAN and prints their paths. Returns 0; or -1 after refusing
+// the word.
 CliHandler delete_group;

@@ -19,8 +19,8 @@ constexpr char PEER[] = "/wlan/inf:%d/wds/list/index:%d/mac";
 
 int check_new_peer(const CliContext &cli, ValueBuffer &value, const char *mac) {
     for (int index = 1; index <= PEERS; ++index) {
-        // The band itself stands for the interface: on the 5 GHz band the 2.4 GHz radio's list is
-        // searched, and on the 2.4 GHz band none. Deliberate.
+        // The band, 0 or 1, is used as the interface's number: on the 5 GHz band the 2.4 GHz
+        // radio's list is searched, on the 2.4 GHz band none. Deliberate.
         if (cfg_get(value, PEER, static_cast<int>(cli.current_band), index) != 0)
             return CLI_REFUSED;
         if (std::strcmp(value.text(), mac) == 0)
@@ -40,7 +40,7 @@ void show_field(ValueBuffer &value, const char *entry, const Field &field) {
     cli_printf(" [%s]:%s", field.label, printable_text(value));
 }
 
-// Shows a link's clients up to the first that has been connected for no time.
+// Shows a link's clients up to the first with a connection time of 0.
 void show_link(const CliContext &cli, ValueBuffer &value, int link) {
     for (int client = 1; client <= LIST_BOUND; ++client) {
         char entry[64];
@@ -73,7 +73,7 @@ int add_wds_peer(CliContext &cli, const char *, CliCommand *) {
     const int index = decimal_value(arg_next(cli));
     if (index < 1 || index > PEERS) {
         cli_printf("Error! WDS index is between %d and %d \n", 1, PEERS);
-        mark_for_apply(APPLY_WLAN); // though nothing was written. Deliberate.
+        mark_for_apply(APPLY_WLAN); // although nothing was written. Deliberate.
         return CLI_DONE;
     }
     if (check_new_peer(cli, value, mac.data()) != CLI_DONE)
@@ -85,7 +85,7 @@ int add_wds_peer(CliContext &cli, const char *, CliCommand *) {
 int delete_wds_peer(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 1)
         return refuse("error macaddrdel!\n");
-    // Any index will do. Deliberate.
+    // Any index is accepted. Deliberate.
     cfg_set("", PEER, interface_number(cli), decimal_value(arg_next(cli)));
     return mark_for_apply(APPLY_WLAN);
 }

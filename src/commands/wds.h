@@ -4,17 +4,17 @@
 #include "commands/shared/fixed_value.h"
 #include "shell/dispatch.h"
 
-// Words MAC INDEX, the index 1..4. Replaces what is there. Refuses other counts of words, what is
-// no MAC address and one that is found, and says so; an index out of range is told, and returns 0.
+// Words MAC INDEX, the index 1..4. Replaces that peer. Refuses a wrong number of words, an invalid
+// MAC address and one that is already listed. An index out of range is reported and returns 0.
 CliHandler add_wds_peer;
 
-// Word INDEX, any number. Refuses other counts of words.
+// Word INDEX, any number. Refuses a wrong number of words.
 CliHandler delete_wds_peer;
 
 // Surveys the operating band.
 CliHandler scan_wds;
 
-// Return 0; or -1 when memory ran out, and say so.
+// Return 0; or -1 after the message when memory ran out.
 CliHandler get_wds_peers;
 CliHandler get_wds_links;
 CliHandler get_wds_survey;

@@ -8,7 +8,7 @@
 
 namespace {
 
-// Adding to a list and deleting from it differ in nothing before that.
+// add_address or delete_address.
 using ListOperation = int(const AddressList &list, ReadTarget value, const char *address);
 
 AddressList zone_list(const NumberedList &entries) {

@@ -1,4 +1,4 @@
-// Zone defence: the device talks only to a list of addresses.
+// Zone defence: the device communicates only with a list of addresses.
 #pragma once
 
 #include "commands/shared/fixed_value.h"
@@ -8,14 +8,14 @@
 
 inline constexpr char ZONE_ADDRESSES[] = "/wlan/inf:%d/zonedefence_ip/ipaddr:%d";
 
-// Also makes the radio refuse the clients of its access control list.
+// Also makes the radio reject the clients in its access control list.
 CliHandler enable_zone_defence;
 
-// Take one word, a host address. Return 0; or -1 after saying why not.
+// Word ADDRESS, a host address. Return 0; or -1 after the refusal.
 CliHandler add_zone_address;
 CliHandler delete_zone_address;
 
-// The same for IPv6 addresses, whose list both radios share. No word is bound to these two.
+// The same for IPv6 addresses, whose list both radios share. No command uses these two.
 CliHandler add_zone_ipv6_address;
 CliHandler delete_zone_ipv6_address;
 

@@ -19,8 +19,7 @@ constexpr std::size_t PAIR_SIZE = 256;
 constexpr std::size_t FORMATTED_PATH_SIZE = 512;
 constexpr std::size_t TEXT_CHUNK = 1024;
 
-// Sends all parts, in one system call unless it falls short. No send may raise a signal, whenever
-// the daemon goes away.
+// Sends all parts, usually in one system call. Never raises SIGPIPE when the daemon has gone.
 template <std::size_t N>
 bool send_all(const UniqueFd &connection, iovec (&parts)[N]) {
     msghdr message{};
@@ -91,7 +90,7 @@ UniqueFd xmldb_open(const char *socket_path) {
     std::memcpy(address.sun_path, path, strnlen(path, sizeof address.sun_path));
     if (connect(connection.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) !=
         0) {
-        // Shows the argument as passed: nobody names the default.
+        // Shows the argument as passed, not the default. Deliberate.
         flush_output();
         std::fprintf(stderr, "Cound not connect to unix socket: %s.\n",
                      socket_path != nullptr ? socket_path : "(null)");

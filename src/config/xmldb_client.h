@@ -1,4 +1,4 @@
-// Client side of the configuration daemon's socket protocol. One request a connection, no
+// Client side of the configuration daemon's socket protocol. One request per connection, no
 // retries, no time limit: a daemon that never answers blocks the caller.
 #pragma once
 
@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <cstdio>
 
-// Requests that the console has no command for; the daemon gives them their meaning.
+// Requests that no command of the console uses; the daemon defines their meaning.
 enum XmldbUnnamedAction : std::uint16_t {
     XMLDB_STATUS_4 = 4,      // path; answered by a status
     XMLDB_STATUS_5 = 5,      // path; answered by a status
@@ -19,11 +19,11 @@ enum XmldbUnnamedAction : std::uint16_t {
     XMLDB_TEXT_10 = 10,      // path; answered by a text
 };
 
-// The daemon's socket when xmldb_open is given none. Tests point it at daemons of their own.
+// The daemon's socket when xmldb_open is given none. Tests use daemons of their own.
 extern const char *xmldb_default_socket;
 
 // Connects to the daemon at `socket_path`, null for the default; the descriptor is close-on-exec.
-// On failure it is empty and one line that begins with "Cound not" went to standard error.
+// On failure it is empty, and a line that begins with "Cound not" is printed on standard error.
 UniqueFd xmldb_open(const char *socket_path);
 
 // Closes a connection.

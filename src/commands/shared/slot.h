@@ -1,5 +1,5 @@
-// Multi-SSID slots, the three SSIDs that a radio offers besides its primary one: how a line names
-// one, and the switches, values and displays that every slot has.
+// Multi-SSID slots, the three SSIDs that a radio offers besides its primary one: the switches,
+// values and displays that every slot has.
 //
 // Nodes of a slot are written "/wlan/inf:N/multi/index:" + slot + leaf, with N the number of the
 // current band's interface and a leaf such as "/ssid".
@@ -26,7 +26,7 @@ int read_slot(ReadTarget value, const CliContext &cli, const LineIndex &slot, co
 // Writes a leaf of a slot, as cfg_set does.
 int write_slot(const char *value, const CliContext &cli, const LineIndex &slot, const char *leaf);
 
-// A leaf that fixed words set, with the slot as the only word behind, read as a number.
+// A leaf that is set to a fixed value. The slot, read as a number, is the only word.
 struct SlotSwitch {
     const char *leaf;
     IndexRefusal refusal;
@@ -35,7 +35,7 @@ struct SlotSwitch {
 // Takes the slot, writes `value`, sets APPLY_WLAN. Returns 0, or -1 after the refusal.
 int store_slot_switch(CliContext &cli, const SlotSwitch &target, const char *value);
 
-// A leaf that takes a value, with the value and the slot as the only words.
+// A leaf that is set to a value. The value and the slot are the only words.
 struct SlotSetter {
     const char *leaf;
     ValueRule rule;
@@ -53,7 +53,7 @@ int store_slot_value(CliContext &cli, const SlotSetter &setter);
 
 enum class SlotValue { Text, Number, Name };
 
-// A leaf that is shown as "SUBJECT (index 1) is VALUE", with the slot as the only word.
+// A leaf that is displayed as "SUBJECT (index 1) is VALUE". The slot is the only word.
 struct SlotDisplay {
     const char *leaf;
     const char *subject;
