@@ -76,7 +76,7 @@ runs() {
 }
 
 build() {
-    if [ ! -f $build/build.ninja ]; then
+    if [ ! -e $build/src/wap-cli ]; then
         device/enter --check >/dev/null
         echo "Building the console and the stand-in device ..." >&2
     fi
