@@ -4,6 +4,7 @@
 #include "shell/dispatch.h"
 #include "shell/listing.h"
 #include "shell/output.h"
+#include "shell/row_visibility.h"
 
 #include <algorithm>
 #include <cstdio>

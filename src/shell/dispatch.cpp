@@ -3,13 +3,9 @@
 #include "shell/args.h"
 #include "shell/listing.h"
 #include "shell/output.h"
-
-#include <cstring>
+#include "shell/row_visibility.h"
 
 namespace {
-
-// Bits of a band mask that show a row on each radio; any other band hides a masked row.
-constexpr std::uint32_t BAND_MASKS[] = {0x19c, 0x601};
 
 char lower_ascii(char c) {
     return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
@@ -28,10 +24,6 @@ bool equals_lowered(const char *name, std::string_view word) {
         ++name;
     }
     return *name == '\0';
-}
-
-bool has_tag(const CliCommand &row, const char *tag) {
-    return row.tag != nullptr && std::strcmp(row.tag, tag) == 0;
 }
 
 std::int32_t common_prefix(const char *name, std::string_view word) {
@@ -60,7 +52,7 @@ int measure_prefixes(const CliContext &cli, CliCommand *table, std::string_view 
     int candidates = 0;
     for (CliCommand *row = table; row->handler != nullptr; ++row) {
         row->match_length = 0;
-        if (is_locked(*row) || has_tag(*row, HIDDEN_TAG) || !is_on_band(cli, *row))
+        if (is_locked(*row) || is_hidden(*row) || !is_on_band(cli, *row))
             continue;
         // Compared with case, the lowered word against the name as it stands: capitals in a
         // name end its match length. Deliberate.
@@ -136,23 +128,6 @@ int finish_single(CliContext &cli, const CliCommand &row, int result) {
 }
 
 } // namespace
-
-bool is_locked(const CliCommand &row) {
-    return debug_locked == -1 && has_tag(row, DEBUG_TAG);
-}
-
-bool is_on_band(const CliContext &cli, const CliCommand &row) {
-    if (row.band_mask == 0)
-        return true;
-    if (cli.current_band != 0 && cli.current_band != 1)
-        return false;
-    return (row.band_mask & BAND_MASKS[cli.current_band]) != 0;
-}
-
-bool is_listed(const CliContext &cli, const CliCommand &row) {
-    const bool hidden = debug_locked == -1 && has_tag(row, HIDDEN_TAG);
-    return !hidden && !is_locked(row) && is_on_band(cli, row);
-}
 
 bool name_begins_with(const CliCommand &row, std::string_view word) {
     for (std::size_t at = 0; at < word.size(); ++at) {

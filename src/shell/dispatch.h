@@ -12,15 +12,6 @@ struct CommandMatch {
     bool exact;      // the row was named in full
 };
 
-// True when the debug level or the band keeps a row out of listings and completion.
-bool is_listed(const CliContext &cli, const CliCommand &row);
-
-// True when the row is debug-only and the debug level is locked.
-bool is_locked(const CliCommand &row);
-
-// True when the row's band mask (0 = any) admits the current band.
-bool is_on_band(const CliContext &cli, const CliCommand &row);
-
 // True when the row's name begins with `word`, ignoring case.
 bool name_begins_with(const CliCommand &row, std::string_view word);
 

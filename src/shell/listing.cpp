@@ -1,8 +1,8 @@
 #include "shell/listing.h"
 
 #include "shell/args.h"
-#include "shell/dispatch.h"
 #include "shell/output.h"
+#include "shell/row_visibility.h"
 
 #include <cstdio>
 #include <cstring>
