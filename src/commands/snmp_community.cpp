@@ -33,8 +33,7 @@ int refuse_long_community() {
 }
 
 int check_view(const char *name) {
-    UsualValue value;
-    switch (find_snmp_row(SNMP_VIEWS, value, name).result()) {
+    switch (find_snmp_row(SNMP_VIEWS, name).result()) {
     case SearchResult::Match:
         return CLI_DONE;
     case SearchResult::Unreadable:
@@ -96,8 +95,7 @@ int add_snmp_community(CliContext &cli, const char *, CliCommand *) {
         return refuse("\nType must be a digital number!\n");
     if (type >= 3) // no lower bound
         return refuse("\nType must be a digital number as 1 or 2!\n");
-    UsualValue value;
-    const std::optional<int> row = place_new_snmp_row(SNMP_COMMUNITIES, value, name).vacancy();
+    const std::optional<int> row = place_new_snmp_row(SNMP_COMMUNITIES, name).vacancy();
     if (!row || check_view(view) != CLI_DONE)
         return CLI_REFUSED;
     write_snmp_row(*row, {{"community", name}, {"cmviewname", view}, {"cmtype", type_word}});
@@ -110,8 +108,7 @@ int delete_snmp_community(CliContext &cli, const char *, CliCommand *) {
     const char *name = arg_peek(cli, 0);
     if (exceeds(name, SNMP_NAME_LIMIT))
         return refuse_long_community();
-    UsualValue value;
-    return delete_snmp_row(SNMP_COMMUNITIES, value, name);
+    return delete_snmp_row(SNMP_COMMUNITIES, name);
 }
 
 int show_snmp_communities(CliContext &, const char *, CliCommand *) {

@@ -4,19 +4,20 @@
 #include "shell/command.h"
 
 // Each but the listing refuses other counts of words with its usage. A change is saved at once, and
-// the agent marked for a restart. A table that cannot be read ends the command without a word.
+// the agent marked for a restart. A table that cannot be read ends the command silently.
 
 // Words NAME VIEW TYPE: names of at most 32 characters, TYPE a number up to 2. The view must exist
-// and the name must not. Refuses anything else and a full table, and says so.
+// and the name must not. Anything else and a full table are reported and refused.
 CliHandler add_snmp_community;
 
-// Word NAME, never the public or the private one. Refuses what is not in the table, and says so.
+// Word NAME, never the public or the private one. What is not in the table is reported and
+// refused.
 CliHandler delete_snmp_community;
 
 // Lists the two fixed communities and the table, up to a row of a type other than 1 and 2.
 CliHandler show_snmp_communities;
 
-// Word NAME of at most 32 characters; they refuse longer ones and a failed write, and say so.
+// Word NAME of at most 32 characters; longer ones and a failed write are reported and refused.
 CliHandler edit_public_community;
 CliHandler edit_private_community;
 

@@ -46,12 +46,12 @@ int check_words(NewHost &host) {
 }
 
 int check_community(const NewHost &host) {
-    UsualValue value;
-    const SearchResult end = find_snmp_row(SNMP_COMMUNITIES, value, host.community).result();
-    if (end == SearchResult::Unreadable)
+    const SearchResult result = find_snmp_row(SNMP_COMMUNITIES, host.community).result();
+    if (result == SearchResult::Unreadable)
         return CLI_REFUSED;
-    if (end == SearchResult::Match)
+    if (result == SearchResult::Match)
         return CLI_DONE;
+    UsualValue value;
     for (const char *node : {SNMP_PRIVATE_COMMUNITY, SNMP_PUBLIC_COMMUNITY}) {
         if (cfg_get_plain(value, node) != 0)
             return CLI_REFUSED;
@@ -72,8 +72,7 @@ bool seems_off(const char *column, int row) {
 // Accepts exactly the users that do not exist, and refuses the others for reasons of all kinds.
 // Deliberate.
 int check_user(const NewHost &host) {
-    UsualValue value;
-    const ListPlace user = find_snmp_row(SNMP_USERS, value, host.community);
+    const ListPlace user = find_snmp_row(SNMP_USERS, host.community);
     if (user.result() == SearchResult::Unreadable)
         return CLI_REFUSED;
     const std::optional<int> row = user.match();
@@ -134,8 +133,7 @@ int add_snmp_host(CliContext &cli, const char *, CliCommand *) {
     NewHost host = {arg_peek(cli, 0), arg_peek(cli, 1), arg_peek(cli, 2), arg_peek(cli, 3)};
     if (check_words(host) != CLI_DONE)
         return CLI_REFUSED;
-    UsualValue value;
-    const std::optional<int> row = place_new_snmp_row(SNMP_HOSTS, value, host.address).vacancy();
+    const std::optional<int> row = place_new_snmp_row(SNMP_HOSTS, host.address).vacancy();
     if (!row || (host.version == SNMP_V3 ? check_user(host) : check_community(host)) != CLI_DONE)
         return CLI_REFUSED;
     write_snmp_row(*row, {{"hostip", host.address}, {"secumodel", host.version_word}});
@@ -150,8 +148,8 @@ int delete_snmp_host(CliContext &cli, const char *, CliCommand *) {
     const char *address = arg_peek(cli, 0);
     if (!is_address(address))
         return refuse("\nPlease input correct IP address!\n");
-    ShortValue<20> value;
-    return delete_snmp_row(SNMP_HOSTS, value, address);
+    static constexpr std::size_t ADDRESS_LIMIT = 20;
+    return delete_snmp_row(SNMP_HOSTS, address, ADDRESS_LIMIT);
 }
 
 int show_snmp_hosts(CliContext &, const char *, CliCommand *) {

@@ -3,23 +3,23 @@
 
 #include "shell/command.h"
 
-// Each ends without a word of its own when a table cannot be read. A change is saved at once, and
-// the agent marked for a restart.
+// Each ends silently when a table cannot be read. A change is saved at once, and the agent marked
+// for a restart.
 
-// Words ADDRESS VERSION AUTH NAME: VERSION 1..3; AUTH up to 3, not 0 for version 3, and not above 0
-// else; NAME, of at most 32 characters, a community that exists or, for version 3, a user who does
-// not. NAME also becomes the public community. Refuses anything else, an address that is taken and
-// a full table, and says so.
+// Words ADDRESS VERSION AUTH NAME, for VERSION 1 and 2 with an AUTH of at most 0 and a community
+// that exists, for VERSION 3 with an AUTH of at most 3 but not 0 and a user who does not exist.
+// NAME has at most 32 characters, and also becomes the public community. Anything else, an address
+// that is taken and a full table are reported and refused.
 CliHandler add_snmp_host;
 
-// Word ADDRESS. Refuses what is none or not in the table, and says so.
+// Word ADDRESS. What is no address or not in the table is reported and refused.
 CliHandler delete_snmp_host;
 
-// Lists the table; an empty one is told and refused. Words are ignored.
+// Lists the table; an empty one is reported and refused.
 CliHandler show_snmp_hosts;
 
-// Sends a warm-start trap to every host. An empty table is told and refused; that the agent or its
-// traps are off is told. Words are ignored.
+// Sends a warm-start trap to every host. An empty table is reported and refused; an agent or traps
+// that are off are only reported.
 CliHandler send_snmp_trap;
 
 inline constexpr auto snmp_host_snmp_rows = command_rows({

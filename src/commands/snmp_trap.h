@@ -13,7 +13,7 @@ CliHandler set_snmp_trap;
 // Any text. Without a word deletes the trap server, and then complains about the missing word.
 CliHandler set_snmp_trap_server;
 
-// 1 or 2; other numbers change nothing, but count as set.
+// 1 or 2; other numbers change nothing, but are marked for apply all the same.
 CliHandler set_snmp_trap_version;
 
 // Show nothing for numbers without a meaning, and the first two when there is any word.
@@ -21,8 +21,8 @@ CliHandler show_snmp_trap;
 CliHandler show_snmp_trap_server;
 CliHandler show_snmp_trap_version;
 
-// "enable" or "disable". Writes the node of set_snmp_trap, and saves it at once. Refuses other
-// words and a failed write, and says so.
+// "enable" or "disable". Writes the node of set_snmp_trap, and saves it at once. Other words and a
+// failed write are reported and refused.
 CliHandler set_snmp_auth_trap;
 
 // "Suspended" for 0, else "Active".

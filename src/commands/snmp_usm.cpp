@@ -89,7 +89,8 @@ int check_keys(const NewUser &user) {
 // something else wrote asks for anything. Deliberate.
 int check_group(const NewUser &user) {
     CutSnmpText value;
-    const std::optional<int> group = find_snmp_row(SNMP_GROUPS, value, user.group).match();
+    const std::optional<int> group =
+        find_snmp_row(SNMP_GROUPS, user.group, CUT_SNMP_TEXT_LIMIT).match();
     if (!group || read_snmp_cell(value, "seculevel", *group) != 0)
         return CLI_REFUSED;
     if (value.number() == LEVEL_AUTH && user.auth == AUTH_NONE)
@@ -146,15 +147,15 @@ int check_group_words(const CliContext &cli, std::int32_t &level) {
     return CLI_DONE;
 }
 
-// False after saying which view there is not; nothing when the table could not be read.
+// False after saying which view is missing; nothing when the table could not be read.
 std::optional<bool> has_views(const CliContext &cli) {
     int word = FIRST_VIEW_WORD;
     for (const char *view : GROUP_VIEWS) {
-        CutSnmpText value;
-        const SearchResult end = find_snmp_row(SNMP_VIEWS, value, arg_peek(cli, word++)).result();
-        if (end == SearchResult::Match)
+        const SearchResult result =
+            find_snmp_row(SNMP_VIEWS, arg_peek(cli, word++), CUT_SNMP_TEXT_LIMIT).result();
+        if (result == SearchResult::Match)
             continue;
-        if (end == SearchResult::Unreadable)
+        if (result == SearchResult::Unreadable)
             return std::nullopt;
         cli_printf("\n%s doesn't exist!!\n", view);
         return false;
@@ -162,16 +163,15 @@ std::optional<bool> has_views(const CliContext &cli) {
     return true;
 }
 
-// Where a new row of the view table goes. A name that is there already is only told.
+// Where a new row of the view table goes. A name that is there already is only reported.
 ListPlace place_new_view_row(const char *name) {
-    CutSnmpText value;
-    ListPlace place = find_snmp_row(SNMP_VIEWS, value, name);
+    ListPlace place = find_snmp_row(SNMP_VIEWS, name, CUT_SNMP_TEXT_LIMIT);
     while (const std::optional<int> row = place.match()) {
-        report_existing_snmp_row(SNMP_VIEWS, value.text(), name);
-        place = find_snmp_row(SNMP_VIEWS, value, name, *row + 1);
+        report_taken_snmp_name(SNMP_VIEWS, name);
+        place = find_snmp_row(SNMP_VIEWS, name, CUT_SNMP_TEXT_LIMIT, *row + 1);
     }
     if (place.result() == SearchResult::Full)
-        cli_printf("%s\n", SNMP_VIEWS.full);
+        cli_printf("%s\n", SNMP_VIEWS.full_line);
     return place;
 }
 
@@ -224,8 +224,8 @@ int add_snmp_user(CliContext &cli, const char *, CliCommand *) {
     if (check_names(user) != CLI_DONE || check_protocols(user) != CLI_DONE ||
         check_keys(user) != CLI_DONE)
         return CLI_REFUSED;
-    CutSnmpText value;
-    const std::optional<int> row = place_new_snmp_row(SNMP_USERS, value, user.name).vacancy();
+    const std::optional<int> row =
+        place_new_snmp_row(SNMP_USERS, user.name, CUT_SNMP_TEXT_LIMIT).vacancy();
     if (!row || check_group(user) != CLI_DONE)
         return CLI_REFUSED;
     write_user(*row, user);
@@ -244,14 +244,13 @@ int add_snmp_group(CliContext &cli, const char *, CliCommand *) {
     if (check_group_words(cli, level) != CLI_DONE)
         return CLI_REFUSED;
     const char *name = arg_peek(cli, 0);
-    CutSnmpText value;
     const std::optional<bool> views = has_views(cli);
     if (!views)
         return CLI_REFUSED;
     // No failure, though nothing is written. Deliberate.
     if (!*views)
         return CLI_DONE;
-    const ListPlace place = place_new_snmp_row(SNMP_GROUPS, value, name);
+    const ListPlace place = place_new_snmp_row(SNMP_GROUPS, name, CUT_SNMP_TEXT_LIMIT);
     const std::optional<int> row = place.vacancy();
     if (!row)
         return place.result() == SearchResult::Unreadable ? CLI_REFUSED : CLI_DONE; // the same
@@ -292,22 +291,35 @@ int add_snmp_view(CliContext &cli, const char *, CliCommand *) {
 int delete_snmp_user(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 1)
         return refuse("\nsnmp deluser        < UserName<string> >\n");
-    CutSnmpText value;
-    return delete_snmp_row(SNMP_USERS, value, arg_peek(cli, 0));
+    return delete_snmp_row(SNMP_USERS, arg_peek(cli, 0), CUT_SNMP_TEXT_LIMIT);
 }
 
 int delete_snmp_group(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 1)
         return refuse("\nsnmp delgroup       < GroupName<string> >\n");
-    CutSnmpText value;
-    return delete_snmp_row(SNMP_GROUPS, value, arg_peek(cli, 0));
+    return delete_snmp_row(SNMP_GROUPS, arg_peek(cli, 0), CUT_SNMP_TEXT_LIMIT);
 }
 
 int delete_snmp_view(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 1)
         return refuse("\nsnmp delview        < ViewName<string> >\n");
-    CutSnmpText value;
-    return delete_all_snmp_rows(SNMP_VIEWS, value, arg_peek(cli, 0));
+    // Only shows that the database answers; the deletions open their own. Deliberate.
+    UniqueFd connection = open_deletion_connection();
+    if (!connection)
+        return CLI_REFUSED;
+    keep_deletion_connection(std::move(connection));
+    // A row moves into the place of a deleted one, hence each time from the start; but no more
+    // often than there are rows, for a database that does not delete.
+    for (int times = 0; times < SNMP_VIEWS.capacity; ++times) {
+        const ListPlace place = find_snmp_row(SNMP_VIEWS, arg_peek(cli, 0), CUT_SNMP_TEXT_LIMIT);
+        if (place.result() == SearchResult::Unreadable)
+            return CLI_REFUSED;
+        const std::optional<int> row = place.match();
+        if (!row)
+            break;
+        remove_snmp_row(SNMP_VIEWS, *row);
+    }
+    return finish_snmp_deletion(SNMP_VIEWS);
 }
 
 int show_snmp_users(CliContext &, const char *, CliCommand *) {

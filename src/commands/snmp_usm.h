@@ -5,35 +5,34 @@
 #include "config/value_buffer.h"
 #include "shell/command.h"
 
-// Each but the listings refuses other counts of words with its usage; each ends without a word of
-// its own when a node cannot be read. A change is saved at once, and the agent marked for a
-// restart.
+// Each but the listings refuses other counts of words with its usage; each ends silently when a
+// node cannot be read. A change is saved at once, and the agent marked for a restart.
 
 // Words NAME GROUP AUTH AUTHKEY PRIV PRIVKEY: names of at most 31 characters, AUTH 1..3, PRIV 1..2,
-// keys of 8..20 and 8..16 characters where their protocol is on. Refuses, and says so, what is out
-// of these limits, a name that is taken, a full table, and a group that asks for more; a group that
-// does not exist without a word.
+// keys of 8..20 and 8..16 characters where their protocol is on. What is out of these limits, a
+// name that is taken, a full table, and a group that asks for more are reported and refused; a
+// group that does not exist is refused silently.
 CliHandler add_snmp_user;
 
 // Words NAME LEVEL READVIEW WRITEVIEW NOTIFYVIEW: names of at most 32 characters, LEVEL 1..3.
-// Refuses what is out of these limits. The views must exist and the name must not, else it says so
-// and returns 0.
+// Refuses what is out of these limits. The views must exist and the name must not; otherwise this
+// is reported, and the result is CLI_DONE.
 CliHandler add_snmp_group;
 
 // Words NAME OID TYPE: at most 32 and 128 characters, TYPE 1..3. Adds a row to a view, which may
-// exist. Refuses what is out of these limits and a full table, and says so; type 3 without a word,
-// and after writing the row without its type.
+// exist. What is out of these limits and a full table are reported and refused; type 3 is refused
+// silently, after the row is written without its type.
 CliHandler add_snmp_view;
 
-// Word NAME. Refuse, and say so, what does not exist.
+// Word NAME. What does not exist is reported and refused.
 CliHandler delete_snmp_user;
 CliHandler delete_snmp_group;
 
 // Word NAME. Deletes all rows of a view, also when there is none.
 CliHandler delete_snmp_view;
 
-// List a table; an empty one is told and refused. Words are ignored. The users' also shows the
-// engine ID, and is refused when the agent runs without its file or after "no enough memory!".
+// List a table; an empty one is reported and refused. The users' list also shows the engine ID, and
+// is refused when the agent runs without its file or after "no enough memory!".
 CliHandler show_snmp_users;
 CliHandler show_snmp_groups;
 CliHandler show_snmp_views;

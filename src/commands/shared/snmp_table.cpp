@@ -22,78 +22,59 @@ constexpr NumberedList cells_of(const char *column) {
     return {"/sys/snmpd/%s:%d", column};
 }
 
-// The connection of the last deletion, -1 for none. Held as a number, since an owner's destructor
+// -1 for none. Held as a number, since an owner's destructor
 // would have to be registered at the start of the program.
-int kept_connection = -1;
-
-void keep(UniqueFd connection) {
-    const UniqueFd earlier(kept_connection);
-    kept_connection = connection.release();
-}
-
-UniqueFd connect_to_database() {
-    // By its name: that is what the client's own message shows.
-    UniqueFd connection = xmldb_open(xmldb_default_socket);
-    if (!connection)
-        cli_printf("Error connecting database...\n");
-    return connection;
-}
-
-int finish_deletion(const SnmpTable &table) {
-    char message[64]; // far above the longest
-    std::snprintf(message, sizeof message, "\n%s has been deleted successfully", table.entry);
-    return finish_snmp_change(message);
-}
+int last_deletion_connection = -1;
 
 } // namespace
 
 constinit const SnmpTable SNMP_USERS = {
     .capacity = 10,
     .columns = USER_COLUMNS,
-    .entry = "User",
-    .existing = "username",
-    .full = "The user table is full.",
-    .wanted = "specified username",
-    .missing = "does not exist!",
+    .deleted_noun = "User",
+    .taken_noun = "username",
+    .full_line = "The user table is full.",
+    .missing_noun = "specified username",
+    .missing_phrase = "does not exist!",
 };
 
 constinit const SnmpTable SNMP_GROUPS = {
     .capacity = 30,
     .columns = GROUP_COLUMNS,
-    .entry = "Group",
-    .existing = "group name",
-    .full = "\nThe group table is full.",
-    .wanted = "specified groupname",
-    .missing = "does not exist!",
+    .deleted_noun = "Group",
+    .taken_noun = "group name",
+    .full_line = "\nThe group table is full.",
+    .missing_noun = "specified groupname",
+    .missing_phrase = "does not exist!",
 };
 
 // Several rows may bear one name; together they are the view.
 constinit const SnmpTable SNMP_VIEWS = {
     .capacity = 30,
     .columns = VIEW_COLUMNS,
-    .entry = "View",
-    .existing = "view name",
-    .full = "\nThe view table is full.",
+    .deleted_noun = "View",
+    .taken_noun = "view name",
+    .full_line = "\nThe view table is full.",
 };
 
 constinit const SnmpTable SNMP_HOSTS = {
     .capacity = 10,
     .columns = HOST_COLUMNS,
-    .entry = "Host",
-    .existing = "HostIP",
-    .full = "\nThe Host table is full.",
-    .wanted = "host",
-    .missing = "is not found in SNMP Host Table !",
+    .deleted_noun = "Host",
+    .taken_noun = "HostIP",
+    .full_line = "\nThe Host table is full.",
+    .missing_noun = "host",
+    .missing_phrase = "is not found in SNMP Host Table !",
 };
 
 constinit const SnmpTable SNMP_COMMUNITIES = {
     .capacity = 10,
     .columns = COMMUNITY_COLUMNS,
-    .entry = "Community",
-    .existing = "community name",
-    .full = "\nThe community table is full.",
-    .wanted = "community",
-    .missing = "is not found in SNMP Community Table !",
+    .deleted_noun = "Community",
+    .taken_noun = "community name",
+    .full_line = "\nThe community table is full.",
+    .missing_noun = "community",
+    .missing_phrase = "is not found in SNMP Community Table !",
 };
 
 bool exceeds(const char *text, int limit) {
@@ -104,20 +85,23 @@ int read_snmp_cell(ReadTarget value, const char *column, int row) {
     return cells_of(column).read(value, row);
 }
 
-ListPlace find_snmp_row(const SnmpTable &table, ReadTarget value, const char *name, int first) {
+ListPlace find_snmp_row(const SnmpTable &table, const char *name, std::size_t limit, int first) {
+    UsualValue buffer;
+    ReadTarget value(buffer);
+    value.limit = limit;
     return find_in_list(cells_of(table.columns[0]), value, name, table.capacity, first);
 }
 
-void report_existing_snmp_row(const SnmpTable &table, const char *stored, const char *name) {
-    cli_printf("%s\nThe %s '%s' existed.\n", stored, table.existing, name);
+void report_taken_snmp_name(const SnmpTable &table, const char *name) {
+    cli_printf("%s\nThe %s '%s' existed.\n", name, table.taken_noun, name);
 }
 
-ListPlace place_new_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) {
-    const ListPlace place = find_snmp_row(table, value, name);
+ListPlace place_new_snmp_row(const SnmpTable &table, const char *name, std::size_t limit) {
+    const ListPlace place = find_snmp_row(table, name, limit);
     if (place.result() == SearchResult::Match)
-        report_existing_snmp_row(table, value.data, name);
+        report_taken_snmp_name(table, name);
     else if (place.result() == SearchResult::Full)
-        cli_printf("%s\n", table.full);
+        cli_printf("%s\n", table.full_line);
     return place;
 }
 
@@ -133,41 +117,45 @@ int finish_snmp_change(const char *message) {
     return CLI_DONE;
 }
 
-int delete_snmp_row(const SnmpTable &table, ReadTarget value, const char *name) {
-    const ListPlace place = find_snmp_row(table, value, name);
+UniqueFd open_deletion_connection() {
+    // By its name: that is what the client's own message shows.
+    UniqueFd connection = xmldb_open(xmldb_default_socket);
+    if (!connection)
+        cli_printf("Error connecting database...\n");
+    return connection;
+}
+
+void keep_deletion_connection(UniqueFd connection) {
+    const UniqueFd earlier(last_deletion_connection);
+    last_deletion_connection = connection.release();
+}
+
+void remove_snmp_row(const SnmpTable &table, int row) {
+    for (const char *column : table.columns)
+        cells_of(column).remove(row);
+}
+
+int finish_snmp_deletion(const SnmpTable &table) {
+    char message[64]; // far above the longest
+    std::snprintf(message, sizeof message, "\n%s has been deleted successfully",
+                  table.deleted_noun);
+    return finish_snmp_change(message);
+}
+
+int delete_snmp_row(const SnmpTable &table, const char *name, std::size_t limit) {
+    const ListPlace place = find_snmp_row(table, name, limit);
     if (place.result() == SearchResult::Unreadable)
         return CLI_REFUSED;
     const std::optional<int> row = place.match();
     if (!row)
-        return refuse("\n The %s '%s' %s\n", table.wanted, name, table.missing);
-    UniqueFd connection = connect_to_database();
+        return refuse("\n The %s '%s' %s\n", table.missing_noun, name, table.missing_phrase);
+    UniqueFd connection = open_deletion_connection();
     if (!connection)
         return CLI_REFUSED;
     for (const char *column : table.columns)
         xmldb_del(connection, 0, cells_of(column).path(*row).data());
-    keep(std::move(connection));
-    return finish_deletion(table);
-}
-
-int delete_all_snmp_rows(const SnmpTable &table, ReadTarget value, const char *name) {
-    // Only shows that the database answers; the deletions open their own. Deliberate.
-    UniqueFd connection = connect_to_database();
-    if (!connection)
-        return CLI_REFUSED;
-    keep(std::move(connection));
-    // A row moves into the place of a deleted one, hence each time from the start; but no more
-    // often than there are rows, for a database that does not delete.
-    for (int times = 0; times < table.capacity; ++times) {
-        const ListPlace place = find_snmp_row(table, value, name);
-        if (place.result() == SearchResult::Unreadable)
-            return CLI_REFUSED;
-        const std::optional<int> row = place.match();
-        if (!row)
-            break;
-        for (const char *column : table.columns)
-            cells_of(column).remove(*row);
-    }
-    return finish_deletion(table);
+    keep_deletion_connection(std::move(connection));
+    return finish_snmp_deletion(table);
 }
 
 bool SnmpRow::read(std::span<const SnmpColumn> columns, int row) {

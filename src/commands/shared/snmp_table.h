@@ -3,6 +3,7 @@
 #pragma once
 
 #include "commands/shared/numbered_list.h"
+#include "config/unique_fd.h"
 
 #include <array>
 #include <cstddef>
@@ -25,11 +26,12 @@ enum SnmpVersion : std::int32_t { SNMP_V1 = 1, SNMP_V2C, SNMP_V3 };
 struct SnmpTable {
     int capacity;
     std::span<const char *const> columns; // the name's first
-    const char *entry;                    // "User", as in "User has been deleted successfully"
-    const char *existing;                 // "username", as in "The username 'x' existed."
-    const char *full;                     // the line that refuses a row too many
-    const char *wanted = nullptr;         // "host", as in "The host 'x' is not found",
-    const char *missing = nullptr;        // and what follows the name there
+    const char *deleted_noun;             // "User", as in "User has been deleted successfully"
+    const char *taken_noun;               // "username", as in "The username 'x' existed."
+    const char *full_line;                // refuses a row too many
+    // "host" and "is not found", as in "The host 'x' is not found"; not used for the views.
+    const char *missing_noun = nullptr;
+    const char *missing_phrase = nullptr;
 };
 
 extern const SnmpTable SNMP_USERS;
@@ -52,15 +54,17 @@ using CutSnmpText = ShortValue<CUT_SNMP_TEXT_LIMIT>;
 // Reads one node of a row, as cfg_get does.
 int read_snmp_cell(ReadTarget value, const char *column, int row);
 
-// Walks the names of the rows from `first` on, as find_in_list does.
-ListPlace find_snmp_row(const SnmpTable &table, ReadTarget value, const char *name, int first = 1);
+// Searches the names of the rows from `first` on, as find_in_list does. At most `limit` bytes of
+// each name are read, up to ValueBuffer::USUAL_LIMIT.
+ListPlace find_snmp_row(const SnmpTable &table, const char *name,
+                        std::size_t limit = ValueBuffer::USUAL_LIMIT, int first = 1);
 
-// Tells that the name, stored as `stored`, is taken.
-void report_existing_snmp_row(const SnmpTable &table, const char *stored, const char *name);
+// Says that the name is taken.
+void report_taken_snmp_name(const SnmpTable &table, const char *name);
 
-// The same for a new row `name`: it is to go where the walk ends. Says so when the name is taken or
-// the table full.
-ListPlace place_new_snmp_row(const SnmpTable &table, ReadTarget value, const char *name);
+// Finds the vacancy for a new row `name`. Says so when the name is taken or the table full.
+ListPlace place_new_snmp_row(const SnmpTable &table, const char *name,
+                             std::size_t limit = ValueBuffer::USUAL_LIMIT);
 
 struct SnmpCell {
     const char *column;
@@ -77,11 +81,22 @@ int finish_snmp_change(const char *message);
 // Deletes the row `name` on a connection of its own, whatever the database answers, and closes the
 // change. Returns CLI_DONE; or CLI_REFUSED when a name could not be read, there is no such
 // row, or no connection, after saying the latter two.
-int delete_snmp_row(const SnmpTable &table, ReadTarget value, const char *name);
+int delete_snmp_row(const SnmpTable &table, const char *name,
+                    std::size_t limit = ValueBuffer::USUAL_LIMIT);
 
-// Deletes all rows `name`, if there are any, and closes the change. Returns CLI_DONE; or
-// CLI_REFUSED when a name could not be read, or after saying that the database does not answer.
-int delete_all_snmp_rows(const SnmpTable &table, ReadTarget value, const char *name);
+// What the deletions are made of.
+
+// Connects to the database; empty after "Error connecting database...".
+UniqueFd open_deletion_connection();
+
+// Keeps the connection open until the next deletion. Deliberate.
+void keep_deletion_connection(UniqueFd connection);
+
+// Deletes the nodes of a row, each on a connection of its own.
+void remove_snmp_row(const SnmpTable &table, int row);
+
+// Closes a deletion as finish_snmp_change does.
+int finish_snmp_deletion(const SnmpTable &table);
 
 // A column of a listing; at most `limit` characters of it are read.
 struct SnmpColumn {
