@@ -9,7 +9,115 @@ std::uint32_t array_cfg_dirty = 0;
 
 namespace {
 
+enum class SyncRuleKind : std::uint8_t {
+    Equal,    // the path is the text
+    Prefix,   // the path begins with the text
+    Contains, // the text occurs in the path
+    Multi,    // the path is below interface 1's multi-SSID slots and contains the text
+};
+
+// A write to a path of this kind changes the item.
+struct SyncRule {
+    std::uint8_t item; // its place in SYNC_ITEMS
+    SyncRuleKind kind;
+    char text[38];
+};
+
 using enum SyncRuleKind;
+
+// The place of an item; a word that is none does not compile.
+consteval std::uint8_t item(std::string_view word) {
+    std::uint8_t place = 0;
+    while (word != SYNC_ITEMS[place].word)
+        ++place;
+    return place;
+}
+
+// Only interface 1 is covered: writes to the 5 GHz radio never mark the configuration.
+constexpr SyncRule SYNC_RULES[] = {
+    {item("ssid"), Equal, "/wlan/inf:1/ssid"},
+    {item("ssidhidden"), Equal, "/wlan/inf:1/ssidhidden"},
+    {item("autochannel"), Equal, "/wlan/inf:1/autochannel"},
+    {item("channelwidth"), Equal, "/wlan/inf:1/cwmmode"},
+    {item("security"), Equal, "/wlan/inf:1/authentication"},
+    {item("security"), Equal, "/wlan/inf:1/defkey"},
+    {item("security"), Equal, "/wlan/inf:1/wpa/embradius/state"},
+    {item("security"), Equal, "/wlan/inf:1/wpa/grp_rekey_interval"},
+    {item("security"), Contains, "/wlan/inf:1/wepkey"},
+    {item("security"), Contains, "/wlan/inf:1/wpa"},
+    {item("security"), Prefix, "/wlan/inf:1/wpa/embradius/eap_user/"},
+    {item("fixedrate"), Equal, "/wlan/inf:1/fixedrate"},
+    {item("beaconinterval"), Equal, "/wlan/inf:1/beaconinterval"},
+    {item("dtim"), Equal, "/wlan/inf:1/dtim"},
+    {item("txpower"), Equal, "/wlan/inf:1/txpower"},
+    // Compared with the unexpanded text, so it never holds. Deliberate.
+    {item("wmm"), Equal, "/wlan/inf:%d/wmm/enable"},
+    {item("acktimeout"), Equal, "/wlan/inf:1/acktimeout_a"},
+    {item("acktimeout"), Equal, "/wlan/inf:1/acktimeout_g"},
+    {item("shortgi"), Equal, "/wlan/inf:1/shortgi"},
+    {item("igmpsnoop"), Equal, "/wlan/inf:1/igmpsnoop"},
+    {item("connectionlimit"), Equal, "/wlan/inf:1/assoc_limit/enable"},
+    {item("linkintegrity"), Equal, "/wlan/inf:1/ethlink"},
+    {item("acl"), Equal, "/wlan/inf:1/acl/mode"},
+    {item("acl"), Prefix, "/wlan/inf:1/acl/mac"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:1/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:2/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:3/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:4/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:5/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:6/w_partition"},
+    {item("acl"), Equal, "/wlan/inf:1/multi/index:7/w_partition"},
+    // Holds for "ssid_hidden" nodes too.
+    {item("multissid"), Multi, "ssid"},
+    {item("multissid_hidden"), Multi, "ssid_hidden"},
+    {item("multisecurity"), Multi, "auth"},
+    {item("multisecurity"), Multi, "cipher"},
+    {item("multisecurity"), Multi, "wep_key_index"},
+    {item("multisecurity"), Multi, "passphrase"},
+    {item("multisecurity"), Multi, "interval"},
+    {item("multisecurity"), Multi, "radius_server"},
+    {item("multisecurity"), Multi, "radius_port"},
+    {item("multisecurity"), Multi, "radius_secret"},
+    {item("multisecurity"), Multi, "b_radius_server"},
+    {item("multisecurity"), Multi, "b_radius_port"},
+    {item("multisecurity"), Multi, "b_radius_secret"},
+    {item("multisecurity"), Multi, "acctstate"},
+    {item("multisecurity"), Multi, "acctserver"},
+    {item("multisecurity"), Multi, "acctport"},
+    {item("multisecurity"), Multi, "acctsecret"},
+    {item("multisecurity"), Multi, "b_acctserver"},
+    {item("multisecurity"), Multi, "b_acctport"},
+    {item("multisecurity"), Multi, "b_acctsecret"},
+    {item("multiwmm"), Multi, "wmm/enable"},
+    {item("qos"), Prefix, "/qos/"},
+    {item("qos"), Equal, "/lan/ethernet/updownlink"},
+    {item("qos"), Equal, "/wlan/inf:1/updownlink"},
+    {item("qos"), Prefix, "/wlan/inf:1/multi/index"},
+    {item("qos"), Prefix, "/wlan/inf:1/wds/list/index"},
+    {item("qos"), Prefix, "/trafficctrl/"},
+    {item("vlan"), Prefix, "/sys/group_vlan"},
+    {item("vlan"), Equal, "/sys/vlan_state"},
+    {item("vlan"), Equal, "/sys/vlan_mode"},
+    {item("vlan"), Equal, "/sys/vlan_id"},
+    {item("vlan"), Equal, "/lan/ethernet/vlan_id"},
+    {item("vlan"), Equal, "/sys/auto_set_pvid"},
+    {item("vlan"), Equal, "/wlan/inf:1/vlan_id"},
+    {item("schedule"), Prefix, "/schedule/"},
+    {item("time"), Prefix, "/time/"},
+    {item("log"), Prefix, "/sys/log/"},
+    {item("log"), Prefix, "/security/log/"},
+    {item("adminlimit"), Prefix, "/sys/adminlimit/"},
+    {item("system"), Equal, "/sys/systemName"},
+    {item("system"), Equal, "/sys/systemLocation"},
+    {item("consoleprotocol"), Equal, "/sys/consoleprotocol/protocol"},
+    {item("consoleprotocol"), Equal, "/sys/consoleprotocol/timeout"},
+    {item("snmp"), Prefix, "/sys/snmpd/"},
+    {item("snmp"), Equal, "/sys/snmptrap/status"},
+    {item("pingctl"), Equal, "/sys/pingctl"},
+    {item("dhcp"), Prefix, "/lan/dhcp/"},
+    {item("login"), Equal, "/sys/user:1/password"},
+    {item("login"), Equal, "/sys/user:1/name"},
+};
 
 constexpr std::string_view MULTI_SSID_NODES = "/wlan/inf:1/multi/";
 
