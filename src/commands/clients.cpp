@@ -18,43 +18,34 @@ struct LabelledNode {
     char node[11];
 };
 
-// Where the clients of an SSID are, and how they log in.
-class Ssid {
-public:
-    static constexpr int PRIMARY = 0;
-
-    // `slot` is PRIMARY, or the number of a multi-SSID slot.
-    Ssid(int interface, int slot) : interface_(interface), slot_(slot) {
-        if (slot == PRIMARY)
-            std::snprintf(clients_, sizeof clients_, "/runtime/stats/wlan/inf:%d", interface);
-        else
-            std::snprintf(clients_, sizeof clients_, "/runtime/stats/wlan/inf:%d/mssid:%d",
-                          interface, slot);
-    }
-
-    void read(ReadTarget value, int client, const char *field) const {
-        cfg_get(value, "%s/client:%d/%s", clients_, client, field);
-    }
-
-    [[nodiscard]] bool has_dynamic_wep() const {
-        const int authentication =
-            slot_ == PRIMARY ? cfg_number("/wlan/inf:%d/authentication", interface_)
-                             : cfg_number("/wlan/inf:%d/multi/index:%d/auth", interface_, slot_);
-        return authentication == AUTH_DYNAMIC_WEP;
-    }
-
-    void print_name(int client) const {
-        if (slot_ == PRIMARY)
-            cli_printf("Client%d--ssid: primary SSID\n", client);
-        else
-            cli_printf("Client%d--ssid: MULTI-SSID index %d\n", client, slot_);
-    }
-
-private:
-    char clients_[64];
-    int interface_;
-    int slot_;
+// An SSID whose clients are displayed.
+struct Ssid {
+    char clients[64];        // the tree above them
+    char authentication[64]; // the node of its authentication type
+    char name[32];
 };
+
+Ssid primary_ssid(int interface) {
+    Ssid ssid{.clients = "", .authentication = "", .name = "primary SSID"};
+    std::snprintf(ssid.clients, sizeof ssid.clients, "/runtime/stats/wlan/inf:%d", interface);
+    std::snprintf(ssid.authentication, sizeof ssid.authentication, "/wlan/inf:%d/authentication",
+                  interface);
+    return ssid;
+}
+
+Ssid slot_ssid(int interface, int slot) {
+    Ssid ssid{};
+    std::snprintf(ssid.clients, sizeof ssid.clients, "/runtime/stats/wlan/inf:%d/mssid:%d",
+                  interface, slot);
+    std::snprintf(ssid.authentication, sizeof ssid.authentication,
+                  "/wlan/inf:%d/multi/index:%d/auth", interface, slot);
+    std::snprintf(ssid.name, sizeof ssid.name, "MULTI-SSID index %d", slot);
+    return ssid;
+}
+
+void read_field(ValueBuffer &value, const Ssid &ssid, int client, const char *field) {
+    cfg_get(value, "%s/client:%d/%s", ssid.clients, client, field);
+}
 
 // Prints the client whose "time" has been read.
 void print_client(const Ssid &ssid, int client, ValueBuffer &value) {
@@ -65,14 +56,14 @@ void print_client(const Ssid &ssid, int client, ValueBuffer &value) {
         {"tx_bytes", "txbytes"},    {"ip", "ip"},
     };
     const auto print_field = [&](const char *label, const char *node) {
-        ssid.read(value, client, node);
+        read_field(value, ssid, client, node);
         cli_printf("Client%d--%s:%s\n", client, label, printable_text(value));
     };
     cli_printf("Client%d--time:%s\n", client, printable_text(value));
-    ssid.read(value, client, "ssid_index"); // nothing comes of it
-    ssid.print_name(client);
+    read_field(value, ssid, client, "ssid_index"); // read, but not used
+    cli_printf("Client%d--ssid: %s\n", client, ssid.name);
     print_field("mac", "mac");
-    if (ssid.has_dynamic_wep())
+    if (cfg_number("%s", ssid.authentication) == AUTH_DYNAMIC_WEP)
         cli_printf("Client%d--auth:802.1X\n", client);
     else
         print_field("auth", "auth");
@@ -84,7 +75,7 @@ void print_client(const Ssid &ssid, int client, ValueBuffer &value) {
 // Up to the first client that has been connected for no time.
 void print_clients(const Ssid &ssid, ValueBuffer &value) {
     for (int client = 1; client <= LIST_BOUND; ++client) {
-        ssid.read(value, client, "time");
+        read_field(value, ssid, client, "time");
         if (value.number() == 0)
             return;
         print_client(ssid, client, value);
@@ -112,10 +103,10 @@ int get_client_info(CliContext &cli, const char *, CliCommand *) {
     if (!value)
         return refuse(MEMORY_ERROR);
     const int interface = interface_number(cli);
-    print_clients(Ssid(interface, Ssid::PRIMARY), value);
+    print_clients(primary_ssid(interface), value);
     if (cfg_number("/wlan/inf:%d/multi/state", interface) == 1) {
         for (int slot = 1; slot <= LISTED_SLOTS; ++slot)
-            print_clients(Ssid(interface, slot), value);
+            print_clients(slot_ssid(interface, slot), value);
     }
     return CLI_DONE;
 }
