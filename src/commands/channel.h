@@ -1,6 +1,7 @@
 // The channel, the channels that may be used, and the country that decides it.
 #pragma once
 
+#include "commands/shared/wireless_numbers.h"
 #include "shell/command.h"
 #include "shell/dispatch.h"
 
@@ -11,9 +12,6 @@ struct Country {
     char help[22];
     int code; // ISO 3166 numeric
 };
-
-inline constexpr int COUNTRY_ISRAEL = 376;
-inline constexpr int COUNTRY_JAPAN = 392;
 
 inline constexpr Country SETTABLE_COUNTRIES[] = {
     {"AU", "country Australia", 36},

@@ -1,7 +1,8 @@
 #include "commands/clients.h"
 
-#include "commands/security.h"
+#include "commands/shared/fixed_value.h"
 #include "commands/shared/numbered_list.h"
+#include "commands/shared/wireless_numbers.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
 #include "shell/output.h"

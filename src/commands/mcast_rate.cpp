@@ -1,6 +1,6 @@
 #include "commands/mcast_rate.h"
 
-#include "commands/radio.h"
+#include "commands/shared/wireless_numbers.h"
 #include "config/apply.h"
 #include "config/node_access.h"
 #include "shell/args.h"

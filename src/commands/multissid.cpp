@@ -1,6 +1,6 @@
 #include "commands/multissid.h"
 
-#include "commands/opmode.h"
+#include "commands/shared/wireless_numbers.h"
 #include "shell/output.h"
 
 #include <iterator>

@@ -2,6 +2,7 @@
 
 #include "commands/channel.h"
 #include "commands/security.h"
+#include "commands/shared/wireless_numbers.h"
 #include "config/node_access.h"
 #include "shell/output.h"
 

@@ -5,9 +5,6 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// Operating modes, as "/wlan/inf:N/ap_mode" holds them.
-enum ApMode : int { MODE_AP, MODE_CLIENT, MODE_REPEATER, MODE_WDS_AP, MODE_WDS };
-
 // Each switches off what the mode does not allow, multi-SSID or the wireless security, and says so;
 // where the latter cannot be read it is left alone, and the result is -1.
 // Words are ignored. The two of WDS are refused, which they say, on 5 GHz in Japan.

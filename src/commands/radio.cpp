@@ -1,7 +1,6 @@
 #include "commands/radio.h"
 
 #include "commands/channel.h"
-#include "commands/opmode.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
 #include "shell/args.h"

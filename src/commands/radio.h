@@ -2,6 +2,7 @@
 #pragma once
 
 #include "commands/shared/fixed_value.h"
+#include "commands/shared/wireless_numbers.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
@@ -38,17 +39,6 @@ const char *partition_name(int number);
 const char *channel_width_name(int number);
 const char *tx_power_name(int number);
 const char *wireless_mode_name(int number);
-
-// Wireless modes, as "/wlan/inf:1/wlmode" holds them, by the 802.11 standards that each mixes.
-enum WlMode : int {
-    WLMODE_BG = 2,
-    WLMODE_B,
-    WLMODE_N_2G,
-    WLMODE_BGN,
-    WLMODE_A = 7,
-    WLMODE_AN,
-    WLMODE_N_5G,
-};
 
 // A wireless mode that a word sets.
 struct WirelessMode {

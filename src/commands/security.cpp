@@ -1,6 +1,5 @@
 #include "commands/security.h"
 
-#include "commands/opmode.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
 #include "shell/output.h"

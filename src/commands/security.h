@@ -3,26 +3,11 @@
 #pragma once
 
 #include "commands/shared/fixed_value.h"
+#include "commands/shared/wireless_numbers.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
 #include <span>
-
-// Authentication types, of the primary SSID and of the multi-SSID slots.
-enum Authentication : int {
-    AUTH_OPEN_SYSTEM,
-    AUTH_SHARED_KEY,
-    AUTH_WPA_EAP,
-    AUTH_WPA_PSK,
-    AUTH_WPA2_EAP,
-    AUTH_WPA2_PSK,
-    AUTH_WPA_AUTO_EAP,
-    AUTH_WPA_AUTO_PSK,
-    AUTH_DYNAMIC_WEP = 9,
-};
-
-// Ciphers, of the primary SSID and of the multi-SSID slots.
-enum Cipher : int { CIPHER_NONE, CIPHER_WEP, CIPHER_TKIP, CIPHER_AES, CIPHER_AUTO };
 
 // The one setting that is to change.
 enum class SecurityChange { Mode = 1, Authentication = 2, Cipher = 3 };
