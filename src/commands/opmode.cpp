@@ -41,7 +41,7 @@ int keep_security_supported(const CliContext &cli, int mode) {
     const int check = security_check(SecurityChange::Mode, mode);
     if (check == SECURITY_UNKNOWN)
         return CLI_REFUSED;
-    if (check != 0)
+    if (check != SECURITY_SUPPORTED)
         security_fixup(cli, SecurityChange::Mode, mode);
     return CLI_DONE;
 }

@@ -8,67 +8,34 @@
 
 namespace {
 
-constexpr char NOTICE_OF_MODE[] =
-    "NOTICE: The current Security Type is not supported by this mode.\n";
-constexpr char NOTICE_OF_AUTHENTICATION[] =
-    "NOTICE: This Authentication Type is not supported by the current mode/cipher type.\n";
-constexpr char NOTICE_OF_CIPHER[] =
-    "NOTICE: This Cipher Type is not supported by the current mode/authentication type.\n";
-
-struct Combination {
-    int authentication = 0;
-    int mode = 0;
-    int cipher = 0;
-    const char *notice = ""; // of its refusal
-};
-
-// Reads the settings, and remembers when that failed.
-class CurrentSettings {
-public:
-    explicit operator bool() const { return static_cast<bool>(value_); } // false without memory
-    [[nodiscard]] bool failed() const { return failed_; }
-
-    int mode() { return number("/wlan/inf:1/ap_mode"); }
-    int authentication() { return number("/wlan/inf:1/authentication"); }
-    int cipher() { return number("/wlan/inf:1/wpa/wepmode"); }
-
-private:
-    int number(const char *path) {
-        failed_ |= cfg_get_plain(value_, path) != 0;
-        return value_.number();
-    }
-
-    ValueBuffer value_;
-    bool failed_ = false;
-};
-
-// The combination that the change leads to. The fields stand in the order in which they are read.
-Combination combine(CurrentSettings &current, SecurityChange change, int new_value) {
+const char *refusal_notice(SecurityChange change) {
     switch (change) {
     case SecurityChange::Mode:
-        return {current.authentication(), new_value, current.cipher(), NOTICE_OF_MODE};
+        return "NOTICE: The current Security Type is not supported by this mode.\n";
     case SecurityChange::Authentication:
-        return {new_value, current.mode(), current.cipher(), NOTICE_OF_AUTHENTICATION};
+        return "NOTICE: This Authentication Type is not supported by the current mode/cipher "
+               "type.\n";
     case SecurityChange::Cipher:
-        return {current.authentication(), current.mode(), new_value, NOTICE_OF_CIPHER};
+        return "NOTICE: This Cipher Type is not supported by the current mode/authentication "
+               "type.\n";
     }
-    return {};
+    return "";
 }
 
 // A WPA type goes with every cipher, WEP and none among them. Deliberate.
-bool is_supported(const Combination &security) {
-    const bool is_client = security.mode == MODE_CLIENT || security.mode == MODE_REPEATER;
-    switch (security.authentication) {
+bool is_supported(int mode, int authentication, int cipher) {
+    const bool is_client = mode == MODE_CLIENT || mode == MODE_REPEATER;
+    switch (authentication) {
     case AUTH_OPEN_SYSTEM:
-        return security.cipher == CIPHER_NONE || security.cipher == CIPHER_WEP;
+        return cipher == CIPHER_NONE || cipher == CIPHER_WEP;
     case AUTH_SHARED_KEY:
-        return !is_client && security.cipher == CIPHER_WEP;
+        return !is_client && cipher == CIPHER_WEP;
     case AUTH_WPA_EAP:
     case AUTH_WPA2_EAP:
     case AUTH_WPA_AUTO_EAP:
         return !is_client;
     case AUTH_DYNAMIC_WEP:
-        return security.cipher == CIPHER_WEP;
+        return cipher == CIPHER_WEP;
     default:
         return true;
     }
@@ -111,27 +78,27 @@ const CipherFix *find_fix(int authentication, int mode) {
 
 int fix_for_mode(const CliContext &cli, int mode) {
     if (mode >= MODE_WDS)
-        return 0;
+        return SECURITY_NO_FIX;
     cfg_set("0", "/wlan/inf:%d/authentication", interface_number(cli));
     cfg_set("0", "/wlan/inf:%d/wpa/wepmode", interface_number(cli));
     cli_printf("NOTICE: Wireless Security is Disabled. \n");
-    return 1;
+    return SECURITY_FIXED;
 }
 
 int fix_for_authentication(const CliContext &cli, int authentication) {
     ValueBuffer mode;
     if (!mode) {
         cli_printf(MEMORY_ERROR);
-        return 2;
+        return SECURITY_NO_MEMORY;
     }
     if (cfg_get(mode, "/wlan/inf:%d/ap_mode", interface_number(cli)) != 0)
         return SECURITY_UNKNOWN;
     const CipherFix *fix = find_fix(authentication, mode.number());
     if (fix == nullptr)
-        return 0;
+        return SECURITY_NO_FIX;
     cfg_set(fix->cipher, "/wlan/inf:%d/wpa/wepmode", interface_number(cli));
     cli_printf("NOTICE: Set Cipher to %s. \n", fix->name);
-    return 1;
+    return SECURITY_FIXED;
 }
 
 const char *line_of(const SecurityType *type) {
@@ -141,18 +108,28 @@ const char *line_of(const SecurityType *type) {
 } // namespace
 
 int security_check(SecurityChange change, int value) {
-    CurrentSettings current;
-    if (!current) {
+    ValueBuffer text;
+    if (!text) {
         cli_printf(MEMORY_ERROR);
-        return 2;
+        return SECURITY_NO_MEMORY;
     }
-    const Combination security = combine(current, change, value);
-    if (current.failed())
+    bool failed = false;
+    const auto setting = [&](SecurityChange kind, const char *path) {
+        if (kind == change)
+            return value;
+        failed |= cfg_get_plain(text, path) != 0;
+        return text.number();
+    };
+    const int authentication =
+        setting(SecurityChange::Authentication, "/wlan/inf:1/authentication");
+    const int mode = setting(SecurityChange::Mode, "/wlan/inf:1/ap_mode");
+    const int cipher = setting(SecurityChange::Cipher, "/wlan/inf:1/wpa/wepmode");
+    if (failed)
         return SECURITY_UNKNOWN;
-    if (is_supported(security))
-        return 0;
-    cli_printf("%s", security.notice);
-    return 1;
+    if (is_supported(mode, authentication, cipher))
+        return SECURITY_SUPPORTED;
+    cli_printf("%s", refusal_notice(change));
+    return SECURITY_UNSUPPORTED;
 }
 
 int security_fixup(const CliContext &cli, SecurityChange change, int value) {
@@ -162,7 +139,7 @@ int security_fixup(const CliContext &cli, SecurityChange change, int value) {
     case SecurityChange::Authentication:
         return fix_for_authentication(cli, value);
     default:
-        return 0;
+        return SECURITY_NO_FIX;
     }
 }
 
@@ -178,23 +155,25 @@ const char *cipher_line(int cipher) {
 
 int set_authentication(CliContext &cli, const char *, CliCommand *) {
     const int type = item_of_current_row(AUTHENTICATION_TYPES, authentication_rows).value;
-    int outcome = security_check(SecurityChange::Authentication, type);
-    if (outcome > 0) {
-        outcome = security_fixup(cli, SecurityChange::Authentication, type);
-        // Only a fix-up that found no way stops here; one that ran out of memory does not.
-        // Deliberate.
-        if (outcome == 0)
+    const int check = security_check(SecurityChange::Authentication, type);
+    if (check == SECURITY_UNKNOWN)
+        return CLI_REFUSED;
+    if (check != SECURITY_SUPPORTED) {
+        const int fix = security_fixup(cli, SecurityChange::Authentication, type);
+        if (fix == SECURITY_UNKNOWN)
+            return CLI_REFUSED;
+        // A fix-up that ran out of memory goes on. Deliberate.
+        if (fix == SECURITY_NO_FIX)
             return CLI_DONE;
     }
-    if (outcome == SECURITY_UNKNOWN)
-        return CLI_REFUSED;
     run_command("rgdb -s /wlan/inf:%d/authentication %d", interface_number(cli), type);
     return mark_for_apply(APPLY_WLAN);
 }
 
 int set_cipher(CliContext &cli, const char *, CliCommand *) {
     const int cipher = item_of_current_row(CIPHERS, cipher_rows).value;
-    if (const int check = security_check(SecurityChange::Cipher, cipher); check != 0)
+    const int check = security_check(SecurityChange::Cipher, cipher);
+    if (check != SECURITY_SUPPORTED)
         return check == SECURITY_UNKNOWN ? CLI_REFUSED : CLI_DONE;
     run_command("rgdb -s /wlan/inf:%d/wpa/wepmode %d", interface_number(cli), cipher);
     return mark_for_apply(APPLY_WLAN);

@@ -12,17 +12,21 @@
 // The one setting that is to change.
 enum class SecurityChange { Mode = 1, Authentication = 2, Cipher = 3 };
 
+// Results of both operations.
+inline constexpr int SECURITY_UNKNOWN = -1;  // a setting could not be read: refuse the change
+inline constexpr int SECURITY_NO_MEMORY = 2; // after "memory error!"
+
 // Asks whether the new value of one setting goes with the other two, which are read from interface
-// 1. Returns 0 when it does; 1, after the notice of the change, when it does not; 2 after
-// "memory error!"; SECURITY_UNKNOWN when one of them could not be read: refuse the change then.
+// 1. Returns one of these, or one of the results above.
 int security_check(SecurityChange change, int value);
-inline constexpr int SECURITY_UNKNOWN = -1;
+inline constexpr int SECURITY_SUPPORTED = 0;
+inline constexpr int SECURITY_UNSUPPORTED = 1; // after the notice of the change
 
 // For a mode or authentication change that was refused: forces the other settings of the current
-// band's interface to go with the new value. Returns 1 when it did, after a notice of what was
-// written; 0 when there is no way; 2 after "memory error!"; SECURITY_UNKNOWN when the mode could
-// not be read.
+// band's interface to go with the new value. Returns one of these, or one of the results above.
 int security_fixup(const CliContext &cli, SecurityChange change, int value);
+inline constexpr int SECURITY_NO_FIX = 0;
+inline constexpr int SECURITY_FIXED = 1; // after a notice of what was written
 
 // The name of an authentication type with its newline; nothing for a number that is none.
 const char *authentication_line(int type);
@@ -30,9 +34,9 @@ const char *authentication_line(int type);
 // The same for a cipher.
 const char *cipher_line(int cipher);
 
-// Store what the typed row names in AUTHENTICATION_TYPES and CIPHERS. Words are ignored. Return 0,
-// also after the notice that refuses it, only the authentication type has the cipher fixed instead;
-// or -1, silently, after SECURITY_UNKNOWN.
+// Store what the typed row names in AUTHENTICATION_TYPES and CIPHERS. A value that does not go with
+// the other settings is not stored, but the result is CLI_DONE; an authentication type has the
+// cipher fixed first. Refused silently where the settings cannot be read.
 CliHandler set_authentication;
 CliHandler set_cipher;
 
