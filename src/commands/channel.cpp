@@ -87,13 +87,13 @@ bool table_holds(const char *prefix, int channel) {
     return false;
 }
 
-int refuse_channel_number() {
+int report_bad_channel() {
     cli_printf("error channel number!\n");
     print_available_channels();
     return CLI_DONE;
 }
 
-int refuse_other_band(int band) {
+int report_other_band(int band) {
     cli_printf(band == 1 ? "AP is operating in 5 GHz\n" : "AP is operating in 2.4 GHz\n");
     cli_printf("Please check the available channel value below!\n");
     print_available_channels();
@@ -112,22 +112,22 @@ std::optional<int> read_country_code() {
 int set_channel(CliContext &cli, const char *, CliCommand *) {
     const char *word = arg_peek(cli, 0);
     if (word == nullptr)
-        return refuse_channel_number();
+        return report_bad_channel();
     const int channel = decimal_value(word);
     UsualValue band_text;
     cfg_get(band_text, "/wlan/ch_mode");
     if (band_text.empty()) {
         cli_printf("Can't get Band information!\n");
         if (!is_2g_channel(channel) && !is_5g_channel(channel))
-            return refuse_channel_number();
+            return report_bad_channel();
     }
     const int band = band_text.number();
     const bool in_band =
         (band == 0 && is_2g_channel(channel)) || (band == 1 && is_5g_channel(channel));
     if (!in_band)
-        return refuse_other_band(band);
+        return report_other_band(band);
     if (!table_holds(band == 0 ? CHANNELS_2G : CHANNELS_5G, channel))
-        return refuse_channel_number();
+        return report_bad_channel();
     cfg_set(word, "/wlan/inf:1/channel"); // interface 1 for both bands. Deliberate.
     return mark_for_apply(APPLY_WLAN);
 }

@@ -142,7 +142,7 @@ int get_acktimeout(CliContext &cli, const char *, CliCommand *) {
         "acktimeout:%s micro sec\n", ValueBuffer::USUAL_LIMIT, MEMORY_ERROR);
 }
 
-int refuse_radar_bang(CliContext &, const char *, CliCommand *) {
+int report_no_radar_bang(CliContext &, const char *, CliCommand *) {
     cli_printf("Current H/W can't support this command!\n");
     return CLI_DONE;
 }

@@ -29,7 +29,7 @@ CliHandler select_band;
 CliHandler get_acktimeout;
 
 // Says that the hardware cannot do it. Returns 0.
-CliHandler refuse_radar_bang;
+CliHandler report_no_radar_bang;
 
 // Word TIMES: restarts the radio so often, waiting for it to settle. Refuses other counts of words.
 CliHandler test_wlan_restart;
@@ -119,7 +119,7 @@ inline constexpr auto radio_set_rows = command_rows({
      write_in_range<"/wlan/inf:1/dfstest", 0, 1, APPLY_WLAN,
                     "wrong number! 0:Disable DFS test mode 1:Enable DFS test mode\n", CLI_DONE>,
      nullptr, HIDDEN_TAG},
-    {"dfsbangradar", "Set DFS bang radar", refuse_radar_bang, nullptr, HIDDEN_TAG},
+    {"dfsbangradar", "Set DFS bang radar", report_no_radar_bang, nullptr, HIDDEN_TAG},
     {"wlantest", "Set WLAN restart test", test_wlan_restart, nullptr, DEBUG_TAG},
 });
 
