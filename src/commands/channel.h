@@ -35,14 +35,14 @@ inline constexpr Country SETTABLE_COUNTRIES[] = {
 // not be read.
 std::optional<int> read_country_code();
 
-// Word CHANNEL, written as typed when the band's run-time table holds it; else says why and lists
-// the channels. Returns 0 either way.
+// Word CHANNEL, written as typed when the band's run-time table holds it. Otherwise says why, lists
+// the channels and returns CLI_DONE all the same.
 CliHandler set_channel;
 
-// Prints the country, has the run-time tables made anew and prints them for both bands.
+// Prints the country, has the run-time tables generated again and prints them for both bands.
 CliHandler get_available_channels;
 
-// Makes the typed row's country the device's. Words are ignored.
+// Sets the device's country to the one of the typed row.
 CliHandler set_country;
 
 CliHandler get_country;

@@ -3,12 +3,12 @@
 
 #include "shell/command.h"
 
-// All return -1 after "memory error!".
+// All are refused after "memory error!".
 
 // Prints the wireless clients of the primary SSID and, when they are on, of the other SSIDs.
 CliHandler get_client_info;
 
-// Brings the counters of the ethernet port up to date and prints them.
+// Refreshes the counters of the ethernet port and prints them.
 CliHandler get_ethernet_counters;
 
 // Prints the counters of the first wireless interface. Returns the length of the last line.

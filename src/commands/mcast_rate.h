@@ -3,8 +3,8 @@
 
 #include "shell/dispatch.h"
 
-// Store the one word as the band's index, as typed, when the wireless mode has that index; else
-// print how to use them. Return 0 either way.
+// Store the one word as the band's index, as typed, when the wireless mode has that index.
+// Otherwise print the usage and return CLI_DONE all the same.
 CliHandler set_mcast_rate_2g;
 CliHandler set_mcast_rate_5g;
 

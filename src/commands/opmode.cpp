@@ -8,7 +8,7 @@
 
 namespace {
 
-// Refuses where WDS is not offered, and says so; silently where a node could not be read.
+// Refuses where WDS is not offered; silently where a node could not be read.
 int check_wds_offered() {
     const std::optional<int> band = cfg_read_number("/wlan/ch_mode");
     if (!band)
@@ -21,7 +21,7 @@ int check_wds_offered() {
     return *country == COUNTRY_JAPAN ? refuse("5G can't to support WDS mode \n") : CLI_DONE;
 }
 
-// Goes on without memory.
+// Done as well without memory, after the message.
 int switch_off_multi_ssid(const CliContext &cli) {
     ValueBuffer state;
     if (!state) {

@@ -5,14 +5,14 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// Each switches off what the mode does not allow, multi-SSID or the wireless security, and says so;
-// where the latter cannot be read it is left alone, and the result is -1.
-// Words are ignored. The two of WDS are refused, which they say, on 5 GHz in Japan.
+// Each switches off, with a notice, what the mode does not allow: multi-SSID or the wireless
+// security. Security that cannot be read is left alone, and the command is refused. The two of WDS
+// are refused on 5 GHz in Japan.
 CliHandler set_client_mode;
 CliHandler set_wds_ap_mode;
 CliHandler set_wds_mode;
 
-// Returns 0; or -1 after "memory error!".
+// Refused after "memory error!".
 CliHandler get_ap_mode;
 
 inline constinit auto ap_mode_rows = command_table({

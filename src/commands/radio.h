@@ -9,29 +9,29 @@
 // The band that the device runs, 0 = 2.4 GHz, 1 = 5 GHz, as `get band` or select_band saw it last.
 extern std::int32_t operating_band;
 
-// Word SSID, of at most 32 characters. Prints it, also when it then refuses it.
+// Word SSID, of at most 32 characters. Prints it, even if it then refuses it.
 CliHandler set_ssid;
 
-// Words are ignored.
 CliHandler set_cwm_auto;
 CliHandler set_wireless_mode;
 
 // Refused in Israel; in Japan a WDS operating mode is given up first.
 CliHandler set_band_5g;
 
-// Reads the operating band and prints it. Returns 0; or -1 after "memory error!".
+// Reads the operating band and prints it. Refused after "memory error!".
 CliHandler get_band;
 
 // Makes the one word, 0 or 1, the operating and the current band. No word is bound to it.
 CliHandler select_band;
 
-// Prints the current band's time in microseconds. Returns 0; or -1 after "memory error!".
+// Prints the current band's time in microseconds. Refused after "memory error!".
 CliHandler get_acktimeout;
 
-// Says that the hardware cannot do it. Returns 0.
+// Says that the hardware cannot do it.
 CliHandler report_no_radar_bang;
 
-// Word TIMES: restarts the radio so often, waiting for it to settle. Refuses other counts of words.
+// Word TIMES: restarts the radio that many times, waiting for it to settle. Refuses other counts of
+// words.
 CliHandler test_wlan_restart;
 
 // Name the numbers that nodes hold; there is a name for every number.
