@@ -58,14 +58,15 @@ show_build() {
     columns=''
     [ ! -t 2 ] || columns=$(stty size <&2 2>/dev/null | cut -d ' ' -f 2)
     [ "$columns" != 0 ] || columns=80
-    log='' line=''
+    log='' last=''
     while IFS= read -r line; do
+        last=$line
         log="$log$line
 "
         [ -z "$columns" ] || printf "\r%-$((columns - 1)).$((columns - 1))s" "$line" >&2
     done
     [ -z "$columns" ] || printf "\r%$((columns - 1))s\r" '' >&2
-    if [ "$line" = "$failed" ]; then
+    if [ "$last" = "$failed" ]; then
         printf '%s' "$log" >&2
         exit 1
     fi
