@@ -2,19 +2,24 @@
 # Opens the console on the stand-in access point, after installing and building what is missing.
 #
 # usage: ./run.sh [--factory] [--trace] [--record FILE] [--state DIRECTORY]
+#        ./run.sh --ssh [--state DIRECTORY]
 #
 #   --factory  start from the factory settings; what was saved is forgotten
 #   --trace    show after each command what it wrote and which command lines it ran
 #   --record   write the session to FILE as a transcript
 #   --state    keep the device's files in DIRECTORY instead of .wap/state
+#   --ssh      take an SSH connection on standard input and output, as a client's ProxyCommand:
+#                  ssh -o ProxyCommand='./run.sh --ssh' admin@ap ['get ssid']
 #   --help     show this
 #
-# Settings that were saved (set apply saves them) are there again at the next start. Standard input
-# may be a pipe; standard output is the console's alone; the exit status is the console's.
+# A device that runs in that directory is joined: this is one more session on it. Settings that were
+# saved (set apply saves them) are there again at the next start. Standard input may be a pipe;
+# standard output is the console's alone; the exit status is the console's.
 set -eu
 
 usage() {
     echo "usage: ./run.sh [--factory] [--trace] [--record FILE] [--state DIRECTORY]" >&2
+    echo "       ./run.sh --ssh [--state DIRECTORY]" >&2
     echo "       ./run.sh --help" >&2
     exit 2
 }
@@ -26,7 +31,7 @@ absolute() {
     esac
 }
 
-factory='' trace='' record='' state=''
+factory='' trace='' record='' state='' ssh=''
 while [ $# -gt 0 ]; do
     case $1 in
     --help | -h)
@@ -35,6 +40,7 @@ while [ $# -gt 0 ]; do
         ;;
     --factory) factory=--factory ;;
     --trace) trace=--trace ;;
+    --ssh) ssh=yes ;;
     --record | --state)
         [ -n "${2-}" ] || usage
         case $1 in
@@ -47,6 +53,8 @@ while [ $# -gt 0 ]; do
     esac
     shift
 done
+
+[ -z "$ssh" ] || [ -z "$factory$trace$record" ] || usage
 
 cd -P "$(dirname "$(readlink -f "$0")")"
 build=build/release
@@ -97,7 +105,10 @@ fi
 mkdir -p "$state"
 set -- --root $build/device/root --program $build/src/wap-cli --state "$state" \
     ${factory:+"$factory"}
-if [ -n "$trace$record" ]; then
+if [ -n "$ssh" ]; then
+    tools/install-packages ssh </dev/null >&2
+    exec device/ssh "$@"
+elif [ -n "$trace$record" ]; then
     exec $build/device/session/wap-session ${trace:+"$trace"} ${record:+--record "$record"} \
         --journal "$state/var/journal" -- device/enter --own-terminal "$@"
 fi

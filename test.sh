@@ -131,7 +131,7 @@ need() {
 
 case $mode in
 --quick)
-    need run quick
+    need run ssh quick
     new_suite
     check_format
     suite_of release
@@ -154,7 +154,7 @@ case $mode in
     fuzz "$2"
     ;;
 *)
-    need run quick test cross fuzz
+    need run ssh quick test cross fuzz
     new_suite
     check_format
     suite_of release

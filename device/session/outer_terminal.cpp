@@ -22,6 +22,8 @@ constexpr timespec END_LIMIT{1, 0};
 
 constexpr int HUNG_UP = 128 + SIGHUP;
 
+constexpr std::initializer_list<int> ENDING{SIGHUP, SIGINT, SIGQUIT, SIGTERM};
+
 const OuterTerminal *restored_terminal = nullptr;
 
 void restore_and_exit(int number) {
@@ -101,7 +103,7 @@ void notice_resizing() {
 
 int run_guarded(const OuterTerminal &terminal, const std::function<int()> &work) {
     std::signal(SIGCHLD, SIG_DFL);
-    sigset_t ends = not_ignored({SIGHUP, SIGINT, SIGQUIT, SIGTERM});
+    sigset_t ends = not_ignored(ENDING);
     sigaddset(&ends, SIGCHLD);
     sigset_t before;
     sigprocmask(SIG_BLOCK, &ends, &before);
@@ -111,7 +113,10 @@ int run_guarded(const OuterTerminal &terminal, const std::function<int()> &work)
     if (child == 0) {
         prctl(PR_SET_PDEATHSIG, SIGTERM);
         restored_terminal = &terminal;
-        std::signal(SIGTERM, restore_and_exit);
+        for (const int number : ENDING) {
+            if (sigismember(&ends, number) == 1)
+                std::signal(number, restore_and_exit);
+        }
         sigprocmask(SIG_SETMASK, &before, nullptr);
         _exit(work());
     }

@@ -1,7 +1,8 @@
 // The stand-in device from outside: its walls, its terminals, its sessions; each by what keeps it
 // in here, and as root in a directory, too.
 //
-// usage: stand_in_test --enter PATH --root DIRECTORY [GoogleTest's options]
+// usage: stand_in_test --device DIRECTORY --root DIRECTORY --program PATH [GoogleTest's options]
+//   --device   where the scripts are that start it
 
 #include "session/journal.h"
 #include "session/pty_process.h"
@@ -23,8 +24,9 @@ using session::PtyProcess;
 
 namespace {
 
-std::string enter_script;
+std::string device_scripts;
 std::string device_root;
+std::string console_program;
 
 constexpr std::chrono::seconds LIMIT{20};
 constexpr winsize WINDOW{30, 100, 0, 0};
@@ -51,9 +53,7 @@ private:
 class OnTerminal {
 public:
     explicit OnTerminal(const std::vector<std::string> &command)
-        : process_(command, session::ConsoleInput::TERMINAL, WINDOW) {
-        tcgetattr(process_.output_fd(), &found_);
-    }
+        : process_(command, session::ConsoleInput::TERMINAL, WINDOW) {}
 
     // Types a line and waits until `answer` has been printed behind what there was.
     void type(const std::string &line, const std::string &answer) {
@@ -63,10 +63,11 @@ public:
     void press(const std::string &keys) { process_.write_input(keys, printed_); }
     void expect(const std::string &answer) {
         const auto deadline = std::chrono::steady_clock::now() + LIMIT;
+        bool open = process_.read_output(printed_);
         while (printed_.find(answer, seen_) == std::string::npos) {
-            ASSERT_TRUE(process_.read_output(printed_)) << printed_;
-            ASSERT_LT(std::chrono::steady_clock::now(), deadline) << printed_;
+            ASSERT_TRUE(open && std::chrono::steady_clock::now() < deadline) << printed_;
             usleep(1000);
+            open = process_.read_output(printed_);
         }
         seen_ = printed_.find(answer, seen_) + answer.size();
     }
@@ -75,11 +76,12 @@ public:
     void send_signal(int number) {
         syscall(SYS_pidfd_send_signal, process_.process_fd(), number, nullptr, 0);
     }
+    // Whether it is as a shell leaves it to a program.
     [[nodiscard]] bool is_as_found() const {
+        constexpr tcflag_t COOKED = ICANON | ECHO | ISIG;
         termios settings{};
         tcgetattr(process_.output_fd(), &settings);
-        return settings.c_lflag == found_.c_lflag && settings.c_iflag == found_.c_iflag &&
-               settings.c_oflag == found_.c_oflag;
+        return (settings.c_lflag & COOKED) == COOKED && (settings.c_iflag & ICRNL) != 0;
     }
     // The names of the programs that have the terminal open.
     [[nodiscard]] std::set<std::string> holders() const {
@@ -100,7 +102,6 @@ public:
 
 private:
     PtyProcess process_;
-    termios found_{};
     std::string printed_;
     std::size_t seen_ = 0;
 };
@@ -141,23 +142,49 @@ protected:
 
     [[nodiscard]] std::vector<std::string> shell(const std::string &script = "") const {
         // A shell that leaves the terminal alone while it reads.
-        std::vector<std::string> command{enter_script, "--root", device_root, "--state",
-                                         state,        "--",     "/bin/dash"};
+        std::vector<std::string> command{
+            device_scripts + "/enter", "--root", device_root, "--state", state, "--", "/bin/dash"};
         if (!script.empty())
             command.insert(command.end(), {"-c", script});
         return command;
     }
     // What a script prints that the device runs on pipes. It holds no single quote.
     [[nodiscard]] std::string run(const std::string &script, const std::string &option = "") const {
-        const std::string command = enter_script + ' ' + option + " --root " + device_root +
-                                    " --state " + state + " -- /bin/busybox sh -c '" + script +
-                                    "' 2>&1 </dev/null";
+        return outside(device_scripts + "/enter " + option + " --root " + device_root +
+                       " --state " + state + " -- /bin/busybox sh -c '" + script + "'");
+    }
+    // What a shell command on the host prints.
+    [[nodiscard]] static std::string outside(const std::string &command) {
         std::string printed;
-        FILE *pipe = popen(command.c_str(), "r"); // NOLINT(cert-env33-c)
+        FILE *pipe = popen(("{ " + command + "; } 2>&1 </dev/null").c_str(), // NOLINT(cert-env33-c)
+                           "r");
         for (int c = 0; (c = std::fgetc(pipe)) != EOF;)
             printed += static_cast<char>(c);
         pclose(pipe);
         return printed;
+    }
+    // An SSH client's command line as far as the host.
+    [[nodiscard]] std::vector<std::string> ssh() const {
+        return {"ssh",
+                "-F",
+                "none",
+                "-o",
+                "UserKnownHostsFile=" + scratch.file("known_hosts"),
+                "-o",
+                "StrictHostKeyChecking=accept-new",
+                "-o",
+                "LogLevel=ERROR",
+                "-o",
+                "ProxyCommand=" + device_scripts + "/ssh --root " + device_root + " --program " +
+                    console_program + " --state " + state,
+                "admin@ap"};
+    }
+    // The same for a shell on the host, which finds it as "$ssh".
+    [[nodiscard]] std::string over_ssh(const std::string &script) const {
+        std::string client = "client() { command";
+        for (const std::string &word : ssh())
+            client += " '" + word + "'";
+        return outside(client + " \"$@\"; }; " + script);
     }
 
     const std::string path_before = std::getenv("PATH");
@@ -191,7 +218,9 @@ TEST_P(StandIn, HasATerminalOfItsOwn) {
         console.type("echo status $?", "status 1");
         console.expect("prompt");
     }
-    EXPECT_EQ(console.holders(), std::set<std::string>{"wap-session"});
+    if (fs::exists("/proc/self")) { // which shows them
+        EXPECT_EQ(console.holders(), std::set<std::string>{"wap-session"});
+    }
     EXPECT_FALSE(console.is_as_found());
     console.type("exec /bin/sh -c \"exit 7\"", "");
     EXPECT_EQ(console.status(), 7);
@@ -202,7 +231,7 @@ TEST_P(StandIn, HasATerminalOfItsOwn) {
 TEST_P(StandIn, LeavesTheTerminalAsItWas) {
     for (const int number : {SIGTERM, SIGHUP, SIGINT, SIGKILL}) {
         OnTerminal console(shell());
-        console.type("echo up", "up\n");
+        console.type("echo u''p", "up\n");
         console.send_signal(number);
         EXPECT_EQ(console.status(), 128 + number);
         for (int looks = 0; looks < 5000 && !console.is_as_found(); ++looks)
@@ -244,6 +273,33 @@ TEST_P(StandIn, StartsAfresh) {
     EXPECT_EQ(run("ls /var/a /tmp/c 2>/dev/null; touch /flash/x /server/x && echo fine"), "fine\n");
 }
 
+TEST_P(StandIn, TakesSshClients) {
+    EXPECT_EQ(over_ssh("client 'get ssid'; echo $?"), "SSID:WAP\n0\n");
+    EXPECT_EQ(over_ssh("client 'set dtim 99'; echo $?"),
+              "No dtim!\nwap-sh: line 1: set dtim 99\n1\n");
+    EXPECT_EQ(over_ssh("printf 'a\\nb\\nc\\n' >" + scratch.file("hosts") +
+                       "; while read -r host; do echo $host; client -n 'get ssid'; done <" +
+                       scratch.file("hosts")),
+              "a\nSSID:WAP\nb\nSSID:WAP\nc\nSSID:WAP\n");
+
+    OnTerminal console(ssh());
+    console.expect("WAP-> ");
+    EXPECT_EQ(over_ssh("ssids=$(seq -f 'set ssid net%g' 100); dtims=$(seq -f 'set dtim %g' 15);"
+                       "client \"$ssids\" >/dev/null & client \"$dtims\" >/dev/null & wait"),
+              "");
+    console.type("get ssid", "SSID:net100");
+    console.type("get dtim", "15");
+    EXPECT_EQ(
+        outside("grep -c ssid " + state + "/var/journal; grep -c dtim " + state + "/var/journal"),
+        "100\n15\n");
+    console.type("orvik kqv80417", "Ok");
+    console.type("shell", "built-in shell");
+    console.resize({20, 50, 0, 0});
+    console.type("stty size; exit", "20 50");
+    console.type("exit", "exit");
+    EXPECT_EQ(console.status(), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(, StandIn, testing::Values("here", "directory"),
                          [](const auto &each) { return std::string(each.param); });
 
@@ -272,7 +328,13 @@ TEST(Journal, IsARegularFileOrHasNoLines) {
 
 int main(int argc, char **argv) {
     testing::InitGoogleTest(&argc, argv);
-    for (int i = 1; i + 1 < argc; i += 2)
-        (argv[i] == std::string("--enter") ? enter_script : device_root) = argv[i + 1];
-    return enter_script.empty() || device_root.empty() ? 2 : RUN_ALL_TESTS();
+    for (int i = 1; i + 1 < argc; i += 2) {
+        const std::string option = argv[i];
+        (option == "--device" ? device_scripts
+         : option == "--root" ? device_root
+                              : console_program) = argv[i + 1];
+    }
+    return device_scripts.empty() || device_root.empty() || console_program.empty()
+               ? 2
+               : RUN_ALL_TESTS();
 }
