@@ -104,7 +104,11 @@ private:
         return complete_line(console->lines_.context(), console->root_, before_cursor, completed);
     }
 
-    static int width(void *) { return terminal_width(); }
+    // A pipe is not asked again at each line.
+    static int width(void *owner) {
+        return static_cast<const Console *>(owner)->on_terminal_ ? terminal_width()
+                                                                 : USUAL_TERMINAL_WIDTH;
+    }
 
     std::FILE *input_;
     LineRunner &lines_;
