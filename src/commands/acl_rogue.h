@@ -2,8 +2,7 @@
 // the administrator classifies them.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
-#include "commands/shared/list_display.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

@@ -2,8 +2,7 @@
 #pragma once
 
 #include "commands/shared/array_sync_rows.h"
-#include "commands/shared/fixed_value.h"
-#include "commands/shared/value_rule.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

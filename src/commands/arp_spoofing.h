@@ -1,7 +1,7 @@
 // ARP spoofing prevention: the gateways whose IP addresses are bound to their MAC addresses.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

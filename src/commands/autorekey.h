@@ -1,7 +1,7 @@
 // Renewing the SSIDs' keys on a schedule and mailing them to the administrator.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

@@ -1,6 +1,6 @@
 #include "commands/clients.h"
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "commands/shared/numbered_list.h"
 #include "commands/shared/wireless_numbers.h"
 #include "config/host_command.h"

@@ -1,9 +1,7 @@
 // The DHCP server for the LAN: its pool, what it hands out, its leases and its static leases.
 #pragma once
 
-#include "commands/shared/address_setter.h"
-#include "commands/shared/fixed_value.h"
-#include "commands/shared/list_display.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

@@ -1,7 +1,7 @@
 // Going back to the factory settings, and telling whether the device runs them.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 
 // Loads the factory settings, saves them and asks for a reboot.
 CliHandler set_factory_default;

@@ -1,6 +1,6 @@
 #include "commands/fixed_rate.h"
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "config/node_access.h"
 #include "shell/output.h"

@@ -1,8 +1,7 @@
 // Which firmware runs, what the device is called, and whether it answers pings.
 #pragma once
 
-#include "commands/shared/tool_output.h"
-#include "commands/shared/value_rule.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

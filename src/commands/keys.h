@@ -3,8 +3,7 @@
 // it.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
-#include "commands/shared/value_rule.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

@@ -1,8 +1,7 @@
 // The device's own address: IP address, netmask, gateway, DNS server, and where they come from.
 #pragma once
 
-#include "commands/shared/address_setter.h"
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

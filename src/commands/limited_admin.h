@@ -2,7 +2,7 @@
 // or both.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "shell/dispatch.h"
 
 // Holds the type: 0, or what administration is limited by.

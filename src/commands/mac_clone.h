@@ -1,7 +1,7 @@
 // The MAC address that the device presents in place of its own.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 
 // `set macclonetype disable|auto|manual`. An unknown type is reported and returns CLI_DONE; a
 // missing one is refused silently.

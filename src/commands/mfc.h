@@ -2,7 +2,7 @@
 // answer.
 #pragma once
 
-#include "commands/shared/tool_output.h"
+#include "commands/shared/rows.h"
 
 // These print the tool's answer, up to 1023 characters, as a line. A wrong number of words is
 // refused with the usage; the exceptions are below.

@@ -1,7 +1,7 @@
 // The operating mode: access point, client, or a bridge of the wireless distribution system (WDS).
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

@@ -1,7 +1,7 @@
 // Radio settings: SSID, band, rates of the beacon, power, modes and the switches of the radio.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "commands/shared/wireless_numbers.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"

@@ -2,7 +2,7 @@
 // the operating mode.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "commands/shared/wireless_numbers.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"

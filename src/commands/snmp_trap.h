@@ -1,7 +1,7 @@
 // The SNMP agent's run state, and its traps: whether they are sent, where to, in which version.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "commands/shared/snmp_table.h"
 #include "config/apply.h"
 

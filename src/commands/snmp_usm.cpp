@@ -1,6 +1,6 @@
 #include "commands/snmp_usm.h"
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "commands/shared/snmp_table.h"
 #include "config/unique_fd.h"
 #include "shell/args.h"

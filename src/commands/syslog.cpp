@@ -1,8 +1,8 @@
 #include "commands/syslog.h"
 
 #include "commands/shared/address.h"
-#include "commands/shared/fixed_value.h"
 #include "commands/shared/mail_profile.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "config/host_command.h"
 #include "config/node_access.h"

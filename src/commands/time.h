@@ -1,7 +1,7 @@
 // The clock, the time server, the time zone and daylight saving time.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 
 #include <array>
 #include <ctime>

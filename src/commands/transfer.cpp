@@ -1,6 +1,6 @@
 #include "commands/transfer.h"
 
-#include "commands/shared/tool_output.h"
+#include "commands/shared/rows.h"
 #include "config/unique_fd.h"
 #include "shell/args.h"
 #include "shell/output.h"

@@ -101,11 +101,6 @@ int write_pvid(CliContext &cli, const char *path) {
     return mark_for_apply(APPLY_WLAN);
 }
 
-int show_node_number(const CliContext &cli, const char *path, const char *format) {
-    cli_printf(format, cfg_number(path, interface_number(cli)));
-    return CLI_DONE;
-}
-
 int set_wds_pvid(CliContext &cli, const char *, CliCommand *) {
     int vid = 0;
     const LineIndex link = take_vlan_id_and_index(cli, WDS_PORTS, vid);

@@ -1,7 +1,7 @@
 // VLAN operation of the bridge: its switches and the VLAN IDs of its ports.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "commands/shared/slot.h"
 #include "commands/vlan_group.h"
 #include "config/apply.h"
@@ -22,20 +22,10 @@ const char *vlan_mode_name(int number);
 // after the refusal.
 int write_pvid(CliContext &cli, const char *path);
 
-// Prints `format` with the node's number for its "%d". Returns 0.
-int show_node_number(const CliContext &cli, const char *path, const char *format);
-
-// The handlers of such rows.
 template <FixedText Path>
 int set_pvid(CliContext &cli, const char *, CliCommand *) {
     static_assert(Path.converts_only('d'));
     return write_pvid(cli, Path.text);
-}
-
-template <FixedText Path, FixedText Format>
-int show_number(CliContext &cli, const char *, CliCommand *) {
-    static_assert(Path.converts_only('d') && Format.converts_only('d'));
-    return show_node_number(cli, Path.text, Format.text);
 }
 
 inline constexpr SlotSetter SLOT_PVID{

@@ -1,7 +1,7 @@
 #include "commands/vlan_group.h"
 
-#include "commands/shared/fixed_value.h"
 #include "commands/shared/numbered_list.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "config/node_access.h"
 #include "shell/args.h"

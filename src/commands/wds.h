@@ -1,7 +1,7 @@
 // The wireless distribution system (WDS): peers of the radio, live links, site survey.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "shell/dispatch.h"
 
 // Words MAC INDEX, the index 1..4. Replaces that peer. Refuses a wrong number of words, an invalid

@@ -1,7 +1,7 @@
 // Web management, the association limit and IGMP snooping.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

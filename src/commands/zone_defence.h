@@ -1,8 +1,7 @@
 // Zone defence: the device communicates only with a list of addresses.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
-#include "commands/shared/list_display.h"
+#include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 

@@ -2,7 +2,7 @@
 // tables.
 #pragma once
 
-#include "commands/shared/fixed_value.h"
+#include "commands/shared/rows.h"
 #include "config/sync_items.h"
 #include "shell/command.h"
 

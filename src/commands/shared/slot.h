@@ -5,8 +5,8 @@
 // current band's interface and a leaf such as "/ssid".
 #pragma once
 
-#include "commands/shared/fixed_value.h"
 #include "commands/shared/line_index.h"
+#include "commands/shared/rows.h"
 #include "commands/shared/value_rule.h"
 #include "config/node_access.h"
 

@@ -1,15 +1,10 @@
 #include "commands/shared/value_rule.h"
 
-#include "config/apply.h"
-#include "config/node_access.h"
 #include "shell/args.h"
 #include "shell/output.h"
 
 #include <cstdio>
 #include <cstring>
-
-// The paths come from this program's own setters.
-#pragma GCC diagnostic ignored "-Wformat-nonliteral"
 
 const char *DecimalText::of(int number) {
     std::snprintf(digits_, sizeof digits_, "%d", number);
@@ -34,14 +29,4 @@ bool CheckedValue::take(CliContext &cli, const ValueRule &rule) {
     if (!good)
         cli_printf("%s", rule.message);
     return good;
-}
-
-int store_value(CliContext &cli, const ValueSetter &setter) {
-    if (arg_count(cli) != 1)
-        return refuse("%s", setter.error_line);
-    CheckedValue value;
-    if (!value.take(cli, setter.rule))
-        return refuse("%s", setter.value_error);
-    cfg_set(value.text(), setter.path, interface_number(cli));
-    return mark_for_apply(setter.apply_bits);
 }

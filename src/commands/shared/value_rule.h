@@ -1,4 +1,4 @@
-// Setters of one value: what the word must be, where it goes, what is said when it is refused.
+// What a word must be to be stored, and the form in which it is.
 #pragma once
 
 #include "shell/command.h"
@@ -47,21 +47,3 @@ private:
     const char *text_ = "";
     DecimalText digits_;
 };
-
-// A setter of one word, the only one left on the line.
-struct ValueSetter {
-    const char *path; // may hold one "%d", for the number of the current band's interface
-    ValueRule rule;
-    std::uint32_t apply_bits;
-    const char *error_line;               // the refusal of a wrong number of words
-    const char *value_error = error_line; // the same behind what the rule or arg_uint said
-};
-
-// Takes and checks the word, writes it, sets the apply bits. Returns 0, or -1 after the refusal.
-int store_value(CliContext &cli, const ValueSetter &setter);
-
-// The handler of such a setter.
-template <const ValueSetter &Setter>
-int set_value(CliContext &cli, const char *, CliCommand *) {
-    return store_value(cli, Setter);
-}
