@@ -3,6 +3,7 @@
 
 #include "shell/context.h"
 
+#include <algorithm>
 #include <array>
 #include <cstddef>
 #include <cstdint>
@@ -41,32 +42,18 @@ namespace table_checks {
 // Reaching this while a table is built stops the compilation with its name.
 void a_word_stands_twice();
 
-constexpr std::size_t hash_word(std::string_view word) {
-    std::uint32_t hash = 2166136261U;
-    for (const char c : word)
-        hash = (hash ^ static_cast<unsigned char>(c)) * 16777619U;
-    return hash;
-}
-
-// Open addressing keeps the check linear: comparing all pairs of hundreds of rows would run into
-// the compiler's limits.
 template <std::size_t N>
 consteval void check_rows(const std::array<CliCommand, N> &rows) {
-    constexpr std::size_t SLOTS = 2 * N + 1;
-    std::array<std::string_view, SLOTS> seen{};
+    std::array<std::string_view, N> words{}; // the last is the sentinel's
     for (std::size_t row = 0; row + 1 < N; ++row) {
         // A row without a handler stops the compilation here. It is not compared with null, which
         // g++ does not take for a constant under the undefined-behaviour sanitizer.
         [[maybe_unused]] CliHandler &handler = *rows[row].handler;
-        const std::string_view name = rows[row].name;
-        std::size_t slot = hash_word(name) % SLOTS;
-        while (!seen[slot].empty()) {
-            if (seen[slot] == name)
-                a_word_stands_twice();
-            slot = (slot + 1) % SLOTS;
-        }
-        seen[slot] = name;
+        words[row] = rows[row].name;
     }
+    std::sort(words.begin(), words.end());
+    if (std::adjacent_find(words.begin(), words.end()) != words.end())
+        a_word_stands_twice();
 }
 
 } // namespace table_checks
