@@ -6,6 +6,8 @@
 // that the tool receives the word as typed and the shell never interprets it.
 #pragma once
 
+#include "config/text_utilities.h"
+
 #include <cstddef>
 #include <initializer_list>
 #include <type_traits>
@@ -51,14 +53,7 @@ struct CommandFormat {
     template <std::size_t N>
     consteval CommandFormat(const char (&format)[N]) : text(format) {
         constexpr char EXPECTED[] = {(std::is_same_v<Values, int> ? 'd' : 's')..., '\0'};
-        const char *expected = EXPECTED;
-        for (const char *at = format; *at != '\0'; ++at) {
-            if (*at != '%')
-                continue;
-            if (*++at != *expected || *expected++ == '\0')
-                command_checks::conversions_do_not_fit_the_values();
-        }
-        if (*expected != '\0')
+        if (!converts(format, EXPECTED))
             command_checks::conversions_do_not_fit_the_values();
     }
 };

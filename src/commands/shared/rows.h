@@ -15,7 +15,6 @@
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
-#include <string_view>
 
 // A text as a template argument.
 template <std::size_t N>
@@ -24,21 +23,10 @@ struct FixedText {
 
     consteval FixedText(const char (&literal)[N]) { std::copy_n(literal, N, text); }
 
-    // True when the text's conversions are these, in this order: "ds" for "%d" and then "%s".
-    [[nodiscard]] consteval bool converts(std::string_view conversions) const {
-        for (std::size_t at = 0; at + 1 < N; ++at) {
-            if (text[at] != '%')
-                continue;
-            if (!conversions.starts_with(text[++at]))
-                return false;
-            conversions.remove_prefix(1);
-        }
-        return conversions.empty();
-    }
-
     // True when the text has at most one conversion, and that is `conversion`.
     [[nodiscard]] consteval bool converts_only(char conversion) const {
-        return converts({}) || converts({&conversion, 1});
+        const char one[] = {conversion, '\0'};
+        return converts(text, "") || converts(text, one);
     }
 };
 
@@ -189,7 +177,7 @@ int print_numbered_line(const char *path, std::initializer_list<const char *> li
 
 template <FixedText Path, FixedText... Lines>
 int show_numbered_line(CliContext &, const char *, CliCommand *) {
-    static_assert(Path.converts(""));
+    static_assert(converts(Path.text, ""));
     return print_numbered_line(Path.text, {Lines.text...});
 }
 
@@ -212,9 +200,9 @@ int show_entries(const NumberedList &list, int limit, const char *format,
 template <FixedText Pattern, FixedText Format, FixedText MemoryMessage = NO_ENOUGH_MEMORY,
           EntryText *Text = nullptr, int Limit = LIST_BOUND>
 int show_list(CliContext &cli, const char *, CliCommand *) {
-    static_assert(Pattern.converts("d") || Pattern.converts("dd"));
-    static_assert(Format.converts("ds"));
-    const NumberedList list = Pattern.converts("dd")
+    static_assert(converts(Pattern.text, "d") || converts(Pattern.text, "dd"));
+    static_assert(converts(Format.text, "ds"));
+    const NumberedList list = converts(Pattern.text, "dd")
                                   ? NumberedList(Pattern.text, interface_number(cli))
                                   : NumberedList(Pattern.text);
     return show_entries(list, Limit, Format.text, MemoryMessage.text, Text);
