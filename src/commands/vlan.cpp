@@ -93,14 +93,6 @@ const char *vlan_mode_name(int number) {
     return number == 1 ? "dynamic" : "static";
 }
 
-int write_pvid(CliContext &cli, const char *path) {
-    const char *vid = take_vlan_word(cli);
-    if (vid == nullptr)
-        return CLI_REFUSED;
-    cfg_set(vid, path, interface_number(cli));
-    return mark_for_apply(APPLY_WLAN);
-}
-
 int set_wds_pvid(CliContext &cli, const char *, CliCommand *) {
     int vid = 0;
     const LineIndex link = take_vlan_id_and_index(cli, WDS_PORTS, vid);

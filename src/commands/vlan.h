@@ -18,15 +18,10 @@ CliHandler enable_auto_pvid;
 // "dynamic" for 1, else "static".
 const char *vlan_mode_name(int number);
 
-// Takes the first word as a VLAN ID and writes it as typed to the node of `path`. Returns 0; or -1
-// after the refusal.
-int write_pvid(CliContext &cli, const char *path);
-
 template <FixedText Path>
-int set_pvid(CliContext &cli, const char *, CliCommand *) {
-    static_assert(Path.converts_only('d'));
-    return write_pvid(cli, Path.text);
-}
+inline constexpr CliHandler *set_pvid =
+    write_in_range<Path, FIRST_VLAN_ID, LAST_VLAN_ID, APPLY_WLAN, WRONG_VLAN_ID, CLI_REFUSED,
+                   MISSING_VLAN_ID>;
 
 inline constexpr SlotSetter SLOT_PVID{
     .leaf = "/vlan_id",

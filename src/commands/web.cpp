@@ -58,13 +58,6 @@ int get_web(CliContext &, const char *, CliCommand *) {
     return CLI_DONE;
 }
 
-int set_assoc_limit_number(CliContext &cli, const char *, CliCommand *) {
-    if (arg_count(cli) == 0)
-        return refuse("wrong number!\n");
-    return write_word_in_range(cli, "/wlan/inf:%d/assoc_limit/number", 0, 64, APPLY_WLAN,
-                               "Wrong number! Cover range is 0~64.\n", CLI_REFUSED);
-}
-
 int get_assoc_limit(CliContext &cli, const char *, CliCommand *) {
     ValueBuffer number;
     if (!number)

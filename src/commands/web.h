@@ -12,9 +12,6 @@ CliHandler set_web;
 // Prints nothing after a failed read.
 CliHandler get_web;
 
-// Takes a word whose value lies in 0..64, as typed; refuses others.
-CliHandler set_assoc_limit_number;
-
 // Shows the state and number of the limit.
 CliHandler get_assoc_limit;
 
@@ -23,7 +20,9 @@ inline constinit auto assoc_limit_rows = command_table({
      write_fixed<"/wlan/inf:%d/assoc_limit/enable", "1", APPLY_WLAN>},
     {"disable", "disable assoclimit",
      write_fixed<"/wlan/inf:%d/assoc_limit/enable", "0", APPLY_WLAN>},
-    {"number", "assoclimit number (range:0--64)", set_assoc_limit_number},
+    {"number", "assoclimit number (range:0--64)",
+     write_in_range<"/wlan/inf:%d/assoc_limit/number", 0, 64, APPLY_WLAN,
+                    "Wrong number! Cover range is 0~64.\n", CLI_REFUSED, "wrong number!\n">},
 });
 
 inline constexpr auto web_set_rows = command_rows({

@@ -115,7 +115,7 @@ TEST(Administration, GoesOnAfterFailedWrites) {
          "/etc/scripts/misc/profile.sh put\nsh /etc/templates/timezones.sh\n"
          "sh /etc/templates/ntp.sh start\n"},
         {set_value<LOCATION>, "hall", "", APPLY_WAN},
-        {set_assoc_limit_number, "0", "", APPLY_WLAN},
+        {assoc_limit_rows[2].handler, "0", "", APPLY_WLAN},
         {set_testlog, "count 0", "\nUnable to set syslog count!\n", APPLY_WAN},
         {set_web, "enable", "\nUnable to set enable!\n", 0},
         {set_web, "disable", "\nUnable to set disable!\n", 0, "/etc/templates/webs.sh stop\n"},

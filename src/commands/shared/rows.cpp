@@ -16,13 +16,12 @@ int write_fixed_value(const CliContext &cli, const char *path, const char *value
     return CLI_DONE;
 }
 
-int write_word_in_range(const CliContext &cli, const char *path, std::uint32_t low,
-                        std::uint32_t high, std::uint32_t apply_bits, const char *message,
-                        int refusal) {
+int write_word_in_range(const CliContext &cli, const char *path, const WordRange &range,
+                        std::uint32_t apply_bits) {
     const char *word = arg_peek(cli, 0);
-    if (word == nullptr || unsigned_value(word) < low || unsigned_value(word) > high) {
-        cli_printf("%s", message);
-        return refusal;
+    if (word == nullptr || unsigned_value(word) < range.low || unsigned_value(word) > range.high) {
+        cli_printf("%s", word == nullptr ? range.missing : range.outside);
+        return range.refusal;
     }
     cfg_set(word, path, interface_number(cli));
     return mark_for_apply(apply_bits);

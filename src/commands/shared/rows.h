@@ -75,19 +75,26 @@ inline constinit auto reporting_switch_rows = command_table({
      write_fixed<Path, "0", ApplyBits, Status + FixedText(": Disable\n")>},
 });
 
-// Takes the first unread word, left in the ring, and writes it as typed to the node of `path` when
-// its decimal value lies in low..high (compared unsigned, so that a negative number does not);
-// sets the apply bits and returns 0. Without a word or outside the range prints `message` and
-// returns `refusal`.
-int write_word_in_range(const CliContext &cli, const char *path, std::uint32_t low,
-                        std::uint32_t high, std::uint32_t apply_bits, const char *message,
-                        int refusal);
+// The numbers that a word may be, and how others are refused.
+struct WordRange {
+    std::uint32_t low;
+    std::uint32_t high; // compared unsigned, so that a negative number is above it
+    const char *outside;
+    const char *missing;
+    int refusal; // the result behind either message
+};
+
+// Writes the first unread word, left in the ring, as typed to the node of `path` when its decimal
+// value is in the range; sets the apply bits and returns 0.
+int write_word_in_range(const CliContext &cli, const char *path, const WordRange &range,
+                        std::uint32_t apply_bits);
 
 template <FixedText Path, std::uint32_t Low, std::uint32_t High, std::uint32_t ApplyBits,
-          FixedText Message, int Refusal = CLI_REFUSED>
+          FixedText Outside, int Refusal = CLI_REFUSED, FixedText Missing = Outside>
 int write_in_range(CliContext &cli, const char *, CliCommand *) {
     static_assert(Path.converts_only('d'));
-    return write_word_in_range(cli, Path.text, Low, High, ApplyBits, Message.text, Refusal);
+    static constexpr WordRange RANGE{Low, High, Outside.text, Missing.text, Refusal};
+    return write_word_in_range(cli, Path.text, RANGE, ApplyBits);
 }
 
 // A setter of one word, the only one left on the line.

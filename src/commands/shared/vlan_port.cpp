@@ -14,13 +14,12 @@ int take_vlan_id(CliContext &cli) {
 const char *take_vlan_word(CliContext &cli) {
     const char *word = arg_next(cli);
     if (word == nullptr) {
-        cli_printf("Wrong input parameters. Please input VLAN ID!\n");
+        cli_printf(MISSING_VLAN_ID);
         return nullptr;
     }
     if (is_vlan_id(decimal_value(word)))
         return word;
-    // Without the full stop that it has elsewhere. Deliberate.
-    cli_printf("Please specify the correct VLAN ID (%d~%d)\n", FIRST_VLAN_ID, LAST_VLAN_ID);
+    cli_printf(WRONG_VLAN_ID);
     return nullptr;
 }
 

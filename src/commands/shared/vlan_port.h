@@ -16,6 +16,9 @@ inline constexpr ValueRule VLAN_ID_RULE{
     .high = LAST_VLAN_ID,
     .message = "Please specify the correct VLAN ID (1~4094).\n",
 };
+// Without the full stop that it has elsewhere. Deliberate.
+inline constexpr char WRONG_VLAN_ID[] = "Please specify the correct VLAN ID (1~4094)\n";
+inline constexpr char MISSING_VLAN_ID[] = "Wrong input parameters. Please input VLAN ID!\n";
 inline constexpr char VLAN_ID_ERROR[] = "ERROR: Unable to set VLAN ID.\n";
 
 // A port in the group table: the node "/KIND:NUMBER/egress" of each entry.
