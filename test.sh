@@ -8,7 +8,7 @@
 #        ./test.sh --help
 #
 #   --quick               the inner loop: the format, and the release build's tests but for those
-#                         that take long (soak, valgrind)
+#                         that take long (soak, valgrind, fleet)
 #   --update-transcripts  rewrite the transcripts, or tests/transcripts/NAME.txt alone, with what
 #                         really happens
 #   --fuzz                run each fuzz target for MINUTES
@@ -135,7 +135,7 @@ case $mode in
     new_suite
     check_format
     suite_of release
-    run_suite --exclude-regex '\.(soak|valgrind)$'
+    run_suite --exclude-regex '\.(soak|valgrind|fleet)$'
     ;;
 --update-transcripts)
     shift
