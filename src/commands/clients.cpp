@@ -1,7 +1,7 @@
 #include "commands/clients.h"
 
-#include "commands/shared/rows.h"
 #include "commands/shared/numbered_list.h"
+#include "commands/shared/rows.h"
 #include "commands/shared/wireless_numbers.h"
 #include "config/host_command.h"
 #include "config/node_access.h"
