@@ -27,7 +27,7 @@ FileDescriptor connect_to(const std::string &path) {
     path.copy(address.sun_path, path.size());
     FileDescriptor socket_fd(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
     if (connect(socket_fd.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0)
-        return FileDescriptor();
+        return {};
     return socket_fd;
 }
 
