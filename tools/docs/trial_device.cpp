@@ -195,14 +195,15 @@ void save_configuration() {
 extern "C" {
 
 // Below /var are the files that a device starts with; others there, and in /tmp, were made by a
-// tool or are written to.
+// tool or are written to. This tree's own files can be in either.
 int open(const char *path, int flags, ...) {
     std::va_list values;
     va_start(values, flags);
     const auto mode = (flags & O_CREAT) != 0 ? va_arg(values, mode_t) : mode_t{0};
     va_end(values);
     std::string file = path;
-    if (file.starts_with("/tmp/") || file.starts_with("/var/")) {
+    if (!file.starts_with(device.etc) &&
+        (file.starts_with("/tmp/") || file.starts_with("/var/"))) {
         file = device.etc + "/default" + file;
         if (access(file.c_str(), R_OK) != 0)
             return text_file(TOOL_ANSWER);
