@@ -202,8 +202,7 @@ int open(const char *path, int flags, ...) {
     const auto mode = (flags & O_CREAT) != 0 ? va_arg(values, mode_t) : mode_t{0};
     va_end(values);
     std::string file = path;
-    if (!file.starts_with(device.etc) &&
-        (file.starts_with("/tmp/") || file.starts_with("/var/"))) {
+    if (!file.starts_with(device.etc) && (file.starts_with("/tmp/") || file.starts_with("/var/"))) {
         file = device.etc + "/default" + file;
         if (access(file.c_str(), R_OK) != 0)
             return text_file(TOOL_ANSWER);
