@@ -8,7 +8,7 @@
 // NOLINTBEGIN(readability-identifier-naming): the library's names
 namespace std {
 
-[[noreturn]] void __throw_out_of_range_fmt(const char *format, ...) {
+[[noreturn, gnu::format(printf, 1, 2)]] void __throw_out_of_range_fmt(const char *format, ...) {
     std::va_list values;
     va_start(values, format);
     std::vfprintf(stderr, format, values);
