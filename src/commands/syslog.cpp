@@ -16,7 +16,7 @@
 namespace {
 
 // What a keyword takes.
-enum class LogValue {
+enum class LogValue : unsigned char {
     Text,    // anything
     Address, // an IPv4 address
     Switch,  // 0 or 1
@@ -25,11 +25,12 @@ enum class LogValue {
     Nothing, // ignored
 };
 
+// Its texts are inside: pointers to them would be relocated into memory of their own.
 struct LogKeyword {
-    const char *word;
+    char word[10];
     LogValue kind;
-    const char *node;    // the node's path, or the name of a field of the mail profile in use
-    const char *subject; // what the messages call it
+    char node[29];    // the node's path, or the name of a field of the mail profile in use
+    char subject[21]; // what the messages call it
 
     [[nodiscard]] bool is_mail_field() const { return kind != LogValue::Nothing && *node != '/'; }
 };
@@ -40,7 +41,7 @@ constexpr LogKeyword KEYWORDS[] = {
     {"wireless", LogValue::Switch, "/security/log/WirelessInfo", "Log wireless"},
     {"notice", LogValue::Switch, "/security/log/apnoticeInfo", "Log notice"},
     {"smtp", LogValue::Switch, "/security/log/smtpInfo", "SMTP"},
-    {"smtpindex", LogValue::Profile, MAIL_PROFILE_NODE, "SMTP index"},
+    {"smtpindex", LogValue::Profile, "/sys/log/smtpindex", "SMTP index"},
     {"smtpsvrip", LogValue::Address, "mailserver", "SMTP mail Server IP"},
     {"smtptime", LogValue::Period, "/sys/log/timemail", "SMTP mail time"},
     {"fromemail", LogValue::Text, "fromemail", "SMTP email address"},
@@ -50,7 +51,7 @@ constexpr LogKeyword KEYWORDS[] = {
     {"mailport", LogValue::Text, "mailport", "SMTP email port"},
     {"ssl", LogValue::Switch, "ssl", "SMTP SSL"},
     {"remote", LogValue::Switch, "/security/log/remoteInfo", "Remote Log"},
-    {"clear", LogValue::Nothing, nullptr, nullptr},
+    {"clear", LogValue::Nothing, "", ""},
     {"login", LogValue::Switch, "authtype", "SMTP auth"},
 };
 

@@ -111,22 +111,39 @@ LineEditor::State LineEditor::feed(unsigned char byte) {
 }
 
 void LineEditor::run_key(unsigned char key) {
-    static constexpr struct {
-        unsigned char key;
-        void (LineEditor::*action)();
-    } ACTIONS[] = {
-        {CTRL_A, &LineEditor::to_start},      {CTRL_B, &LineEditor::left},
-        {CTRL_C, &LineEditor::abandon_line},  {CTRL_D, &LineEditor::delete_at_cursor},
-        {CTRL_E, &LineEditor::echo_to_end},   {CTRL_F, &LineEditor::right},
-        {CTRL_H, &LineEditor::backspace},     {DELETE, &LineEditor::backspace},
-        {TAB, &LineEditor::complete},         {CTRL_K, &LineEditor::cut_at_cursor},
-        {CTRL_L, &LineEditor::clear_screen},  {CTRL_N, &LineEditor::show_next},
-        {CTRL_P, &LineEditor::show_previous}, {CTRL_U, &LineEditor::delete_to_start},
-        {CTRL_W, &LineEditor::delete_word},
-    };
-    for (const auto &[of_key, action] : ACTIONS) {
-        if (of_key == key)
-            return (this->*action)();
+    // A switch, since a table of functions is relocated into memory of its own.
+    switch (key) {
+    case CTRL_A:
+        return to_start();
+    case CTRL_B:
+        return left();
+    case CTRL_C:
+        return abandon_line();
+    case CTRL_D:
+        return delete_at_cursor();
+    case CTRL_E:
+        return echo_to_end();
+    case CTRL_F:
+        return right();
+    case CTRL_H:
+    case DELETE:
+        return backspace();
+    case TAB:
+        return complete();
+    case CTRL_K:
+        return cut_at_cursor();
+    case CTRL_L:
+        return clear_screen();
+    case CTRL_N:
+        return show_next();
+    case CTRL_P:
+        return show_previous();
+    case CTRL_U:
+        return delete_to_start();
+    case CTRL_W:
+        return delete_word();
+    default:
+        return;
     }
 }
 
