@@ -23,8 +23,8 @@ after blanks and tabs, are skipped; a last line without a newline counts.
 .PP
 A line that is unknown or refused ends the run. So does one during which the database or the output
 fails or Ctrl\-C ends a tool, and one that could not be typed: longer than 4094 characters, or with
-characters that are not printable ASCII, a tab among them. What the command says of it is on standard
-output, as ever; on standard error the line is named by its number among all lines, as in
+characters that are not printable ASCII, a tab among them. The command's own message is on standard
+output; standard error names the line by its number among all lines, as in
 .PP
 .nf
 wap\-sh: line 3: set dtim 99
@@ -36,8 +36,8 @@ the run goes on after such a line, but not after Ctrl\-C, and names all of them 
 .B exit
 ends the run. Listing a family and
 .B "set apply"
-with nothing to apply are no failures. A command that prints a refusal and yet counts as done cannot be
-told by the exit status: read a setting back when it matters.
+with nothing to apply are no failures. A few commands print a refusal and still count as
+done. The exit status does not show these: read a setting back when it matters.
 .PP
 What one process changed,
 .B "set apply"
@@ -48,6 +48,11 @@ as the last:
 .nf
 ssh admin@ap "$(cat change.txt)"
 .fi
+.PP
+Lines given with
+.B \-c
+show in the device's list of processes while they run. Lines with a passphrase or a password are better
+read from a file or from standard input.
 )~";
 
 constexpr char BEFORE_COMMANDS[] = R"(.SH NAME
