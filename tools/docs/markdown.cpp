@@ -1,4 +1,5 @@
 #include "documents.h"
+#include "shell/context.h"
 #include "syntax.h"
 
 #include <algorithm>
@@ -36,6 +37,8 @@ those of radio 1. Indented lines are not printed, they say what the command did:
 | `ran LINE` | a command line, through the device's shell |
 | `array: ITEM` | an access-point array that synchronises the item hands the change on |
 | `apply: SERVICE` | `set apply` restarts the service |
+| `refused` | a script that has the line ends there, or notes it as failed |
+| `given PATH = VALUE` | what a node holds beforehand, where that is not the factory setting |
 
 `...` in an output stands for what a tool of the device answers. Commands that are *hidden* must be
 typed in full, and are listed only while the debug level is unlocked; *debug* commands exist only
@@ -80,7 +83,8 @@ std::vector<std::string> output_lines(const std::string &output) {
 
 void write_session(std::ostream &out, const Session &session) {
     const Answer &answer = session.answer;
-    out << "WAP-> " << session.line << '\n';
+    const bool is_node = session.line.starts_with('/');
+    out << (is_node ? "  given " : "WAP-> ") << session.line << '\n';
     if (session.prepares)
         return;
     const std::vector<std::string> lines = output_lines(answer.output);
@@ -94,6 +98,8 @@ void write_session(std::ostream &out, const Session &session) {
     if (!answer.array_items.empty())
         out << "  array: "
             << join_words({answer.array_items.begin(), answer.array_items.end()}, ", ") << '\n';
+    if (answer.result == CLI_REFUSED)
+        out << "  refused\n";
     if (answer.pending != 0)
         out << "  apply: " << service_names(answer.pending) << '\n';
 }
@@ -126,16 +132,9 @@ void write_sessions(std::ostream &out, const Topic &topic) {
     if (topic.commands[0].sessions.empty())
         return;
     out << "\n```\n";
-    Answer last_usage;
     for (const Command &command : topic.commands) {
-        for (const Session &session : command.sessions) {
-            // What several commands say without their words is shown once.
-            const bool is_usage = command.takes_words() && session.line == command.path;
-            if (!is_usage || session.answer != last_usage)
-                write_session(out, session);
-            if (is_usage)
-                last_usage = session.answer;
-        }
+        for (const Session &session : command.sessions)
+            write_session(out, session);
     }
     out << "```\n";
 }

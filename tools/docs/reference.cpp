@@ -45,11 +45,20 @@ std::string text_or_empty(const char *text) {
     return text != nullptr ? text : "";
 }
 
+// Sets the node of a line "PATH = VALUE"; types any other.
+Answer play_line(const std::string &line) {
+    const std::size_t equals = line.find(" =");
+    if (!line.starts_with('/') || equals == std::string::npos)
+        return type_line(line);
+    set_trial_node(line.substr(0, equals), line.substr(std::min(equals + 3, line.size())));
+    return {};
+}
+
 Answer answer_of(const std::vector<std::string> &lines) {
     restart_trial_device();
     Answer last;
     for (const std::string &line : lines)
-        last = type_line(line);
+        last = play_line(line);
     return last;
 }
 
@@ -105,9 +114,11 @@ private:
         for (const CliCommand *row = table; row->handler != nullptr; ++row) {
             const std::string path = prefix.empty() ? row->name : prefix + " " + row->name;
             const std::string row_tag = tag.empty() ? tag_name(*row) : tag;
-            if (begins_topic || (prefix.empty() && row->subtable == nullptr))
+            if (begins_topic || (prefix.empty() && row->subtable == nullptr)) {
                 topics_.push_back(
                     {path, begins_topic ? prefix : "Console", text_or_empty(row->help), {}});
+                refusals_.clear();
+            }
             if (row->subtable != nullptr)
                 walk(row->subtable, path, row_tag);
             else
@@ -127,9 +138,12 @@ private:
             return command;
         }
         command.syntax.clear();
+        add_refusal(command, path, plain);
         for (const SyntaxLine &line : lines->second) {
-            command.syntax.push_back(line.syntax);
-            add_example(command, line, plain);
+            const bool is_new = std::ranges::count(command.syntax, line.syntax) == 0;
+            if (is_new)
+                command.syntax.push_back(line.syntax);
+            add_example(command, line, is_new, plain);
         }
         return command;
     }
@@ -145,26 +159,46 @@ private:
         }
     }
 
-    void add_example(Command &command, const SyntaxLine &line, const Answer &plain) {
-        const bool alone = line.example.empty() && line.before.empty();
-        if (command.sessions.empty() && line.before.empty())
-            command.sessions.push_back({command.path, plain});
-        if (alone)
+    // Each refusal is shown once in a topic.
+    void add_refusal(Command &command, const std::string &typed, const Answer &refusal) {
+        if (std::ranges::count(refusals_, refusal) != 0)
             return;
+        refusals_.push_back(refusal);
+        command.sessions.push_back({typed, refusal});
+    }
+
+    // `is_new`: no line before has its syntax.
+    void add_example(Command &command, const SyntaxLine &line, bool is_new, const Answer &plain) {
+        if (line.example.empty() && line.before.empty())
+            return;
+        if (is_new && line.syntax == command.path && line.example.empty())
+            check_ignores_words(command.path, plain);
         restart_trial_device();
         for (const std::string &before : line.before)
-            command.sessions.push_back({before, type_line(before), true});
-        const std::string typed = command.path + (line.example.empty() ? "" : " " + line.example);
-        command.sessions.push_back({typed, type_line(typed)});
-        const Answer &answer = command.sessions.back().answer;
+            command.sessions.push_back({before, play_line(before), true});
+        const std::string typed = command.path + (line.example.empty() ? "" : " ") + line.example;
+        const Answer answer = type_line(typed);
+        command.sessions.push_back({typed, answer});
         if (answer == plain)
             disagree(line, "the example changes nothing");
-        check_words(command.path, line, answer);
+        if (is_new)
+            check_words(command, line, answer);
+        for (const std::string &words : line.others) {
+            const std::string other = command.path + " " + words;
+            command.sessions.push_back({other, answer_behind(line, other)});
+        }
+    }
+
+    static Answer answer_behind(const SyntaxLine &line, const std::string &typed) {
+        std::vector<std::string> lines = line.before;
+        lines.push_back(typed);
+        return answer_of(lines);
     }
 
     // The example fits the words, and the program takes and refuses what they say.
-    void check_words(const std::string &path, const SyntaxLine &line, const Answer &answer) {
-        const std::vector<std::string> places = split_words(line.syntax.substr(path.size()));
+    void check_words(Command &command, const SyntaxLine &line, const Answer &answer) {
+        const std::vector<std::string> places =
+            split_words(line.syntax.substr(command.path.size()));
         const std::vector<std::string> words = split_words(line.example);
         if (words.size() > places.size())
             disagree(line, "the example has more words");
@@ -177,42 +211,56 @@ private:
             }
             if (!place.fits(words[at]))
                 disagree(line, "'" + words[at] + "' is no " + places[at]);
-            check_ends(path, line, place, at, answer);
+            if (at > 0)
+                try_words(command, line, {words.begin(), words.begin() + static_cast<long>(at)},
+                          answer);
+            check_ends(command, line, place, at, answer);
         }
+        try_words(command, line, split_words(line.example + " x"), answer);
     }
 
-    void check_ends(const std::string &path, const SyntaxLine &line, const WordSyntax &place,
+    // Types other words than the example's, and shows how they are refused. False when they are
+    // taken; of a display, when it shows the same.
+    bool try_words(Command &command, const SyntaxLine &line, const std::vector<std::string> &words,
+                   const Answer &answer) {
+        const std::string typed = command.path + " " + join_words(words);
+        const Answer other = answer_behind(line, typed);
+        if (answer.journal.empty()
+                ? other == answer
+                : is_like(other, answer) && other.journal.size() == answer.journal.size())
+            return false;
+        add_refusal(command, typed, other);
+        return true;
+    }
+
+    void check_ends(Command &command, const SyntaxLine &line, const WordSyntax &place,
                     std::size_t at, const Answer &answer) {
-        const auto answer_to = [&](const std::string &word) {
-            std::vector<std::string> words = split_words(line.example);
-            words[at] = word;
-            std::vector<std::string> lines = line.before;
-            lines.push_back(path + " " + join_words(words));
-            return answer_of(lines);
-        };
-        const bool displays = answer.journal.empty();
-        std::string refusal; // of a display
+        std::vector<std::string> words = split_words(line.example);
         for (const std::string &word : place.refused()) {
-            const Answer refused = answer_to(word);
-            if (!displays && is_like(refused, answer) &&
-                refused.journal.size() == answer.journal.size())
+            words[at] = word;
+            if (!try_words(command, line, words, answer))
                 disagree(line, "'" + word + "' is taken");
-            refusal = refused.output;
+        }
+        if (place.is_limited()) {
+            words[at] = "x";
+            try_words(command, line, words, answer);
         }
         for (const std::string &word : place.taken()) {
-            const Answer taken = answer_to(word);
-            if (!is_like(taken, answer) ||
-                (displays && !place.refused().empty() && taken.output == refusal))
+            words[at] = word;
+            const Answer taken = answer_behind(line, command.path + " " + join_words(words));
+            if (!is_like(taken, answer) || (answer.journal.empty() && !place.refused().empty() &&
+                                            std::ranges::count(refusals_, taken) != 0))
                 disagree(line, "'" + word + "' is refused");
         }
     }
 
     // Whether a command did the same to other nodes, or with other values.
-    static bool is_like(const Answer &one, const Answer &other) {
-        return one.result == other.result && one.journal.empty() == other.journal.empty() &&
-               one.pending == other.pending;
+    static bool is_like(const Answer &first, const Answer &second) {
+        return first.result == second.result && first.journal.empty() == second.journal.empty() &&
+               first.pending == second.pending;
     }
 
+    std::vector<Answer> refusals_; // of the topic
     std::string file_;
     std::map<std::string, std::vector<SyntaxLine>> lines_;
     std::vector<Topic> topics_;

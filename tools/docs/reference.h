@@ -11,7 +11,7 @@
 struct Session {
     std::string line;
     Answer answer;
-    bool prepares = false; // was typed only so that a later line has something to work on
+    bool prepares = false; // only gives a later line something to work on; may be "PATH = VALUE"
 };
 
 // A row that ends a path.
@@ -20,7 +20,7 @@ struct Command {
     std::string help;
     std::string tag;                 // "", "hidden" or "debug"
     std::vector<std::string> syntax; // what may be typed, at least the path
-    std::vector<Session> sessions;   // without words, and with them
+    std::vector<Session> sessions;   // without words, with them, and with wrong ones
 
     [[nodiscard]] bool takes_words() const { return syntax.size() > 1 || syntax[0] != path; }
 };

@@ -66,6 +66,7 @@ std::vector<SyntaxLine> read_syntax_lines(const std::string &file) {
     std::vector<SyntaxLine> lines;
     std::ifstream stream(file);
     int number = 0;
+    const std::vector<std::string> none;
     for (std::string text; std::getline(stream, text);) {
         ++number;
         if (text.empty() || text[0] == '#')
@@ -78,8 +79,8 @@ std::vector<SyntaxLine> read_syntax_lines(const std::string &file) {
         lines.push_back({.number = number,
                          .syntax = columns[0],
                          .example = columns[1],
-                         .before = columns.size() > 2 ? split_words(columns[2], ';')
-                                                      : std::vector<std::string>()});
+                         .before = columns.size() > 2 ? split_words(columns[2], ';') : none,
+                         .others = columns.size() > 3 ? split_words(columns[3], ';') : none});
     }
     if (lines.empty())
         std::cerr << file << ": no line of it could be read\n";
@@ -104,6 +105,8 @@ WordSyntax::WordSyntax(std::string_view text) {
         add_lengths(text.substr(colon + 1));
     else if (!text.empty() && text[0] >= '0' && text[0] <= '9')
         add_numbers(text);
+    else
+        is_limited_ = kind != std::end(WORD_KINDS);
 }
 
 void WordSyntax::add_numbers(std::string_view numbers) {

@@ -5,9 +5,11 @@
 //     set dtim <1-15> | 7
 //
 // A "*" in the path stands for each row of the table there. After a second bar stand lines,
-// separated by semicolons, that prepare the example. A command that takes one of several forms has
-// several lines; one that refuses all words has a line without words and example. Empty lines and
-// those that begin with # do not count. The words:
+// separated by semicolons, that prepare the example: commands, or "PATH = VALUE" for a node of the
+// database; after a third one other words to show in its place. A command that takes one of several
+// forms has several lines, and may have several examples of one form; one that refuses all words
+// has a line without words and example. Empty lines and those that begin with # do not count. The
+// words:
 //
 //     enable|disable     one of these, as it stands
 //     <name>             a word of the kind that the name says
@@ -47,6 +49,7 @@ struct SyntaxLine {
     std::string syntax;  // "set dtim <1-15>"
     std::string example; // "7"
     std::vector<std::string> before;
+    std::vector<std::string> others;
 };
 
 // The lines of a file; those that cannot be read are reported on standard error, and none is
@@ -62,6 +65,9 @@ public:
     explicit WordSyntax(std::string_view text);
 
     [[nodiscard]] bool is_optional() const { return optional_; }
+
+    // Whether the syntax says what is taken.
+    [[nodiscard]] bool is_limited() const { return is_limited_; }
 
     // Words at the ends of what is taken, and words right beyond these ends; none where the syntax
     // says nothing of ends.
@@ -81,6 +87,7 @@ private:
     void add_lengths(std::string_view range);
 
     bool optional_ = false;
+    bool is_limited_ = true;
     std::vector<std::string> literals_;
     std::vector<Range> numbers_;
     std::vector<Range> lengths_;

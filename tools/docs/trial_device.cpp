@@ -49,8 +49,7 @@ int text_file(std::string_view text) {
 }
 
 void write_node(const std::string &path, const std::string &value) {
-    device.nodes.set(path, value);
-    device.has_changed = true;
+    set_trial_node(path, value);
     record("wrote", path + " = " + value);
 }
 
@@ -118,6 +117,11 @@ void restart_trial_device() {
     operating_band = 0;
 }
 
+void set_trial_node(const std::string &path, const std::string &value) {
+    device.nodes.set(path, value);
+    device.has_changed = true;
+}
+
 Answer type_line(const std::string &line) {
     device.answer = {};
     debug_locked = 0;
@@ -125,7 +129,9 @@ Answer type_line(const std::string &line) {
     std::string words = line;
     split_line(*cli, words.data());
     CapturedOutput output;
-    device.answer.result = cli_dispatch(*cli, root_table());
+    const unsigned applies_before = applies_run;
+    const int result = cli_dispatch(*cli, root_table());
+    device.answer.result = applies_run == applies_before ? result : CLI_DONE; // as in a script
     device.answer.output = output.text();
     device.answer.pending = pending_apply;
     return device.answer;

@@ -31,6 +31,9 @@ bool use_trial_settings(const std::string &etc);
 // Back to the first start.
 void restart_trial_device();
 
+// Sets a node, as it had been before.
+void set_trial_node(const std::string &path, const std::string &value);
+
 // Types a line at the prompt, with the debug level unlocked, and collects what comes of it.
 Answer type_line(const std::string &line);
 
