@@ -6,11 +6,10 @@
 #include "config/xmldb_protocol.h"
 
 enum XmldbPrivateAction : std::uint16_t {
-    XMLDB_STOP = 100,       // ""; answered by a status, then the daemon ends
-    XMLDB_STATISTICS = 101, // ""; answered by the counts of connections and requests, one a line
-    XMLDB_LOAD = 102,       // path of a file (see load_tree_file); answered by a status
-    XMLDB_SAVE = 103,       // path of a file that receives the settings as XML; a status
-    XMLDB_DUMP = 104,       // "all" or "settings"; answered by the nodes as text
+    XMLDB_STOP = 100, // ""; answered by a status, then the daemon ends
+    XMLDB_LOAD = 101, // path of a file (see load_tree_file); answered by a status
+    XMLDB_SAVE = 102, // path of a file that receives the settings as XML; a status
+    XMLDB_DUMP = 103, // "all" or "settings"; answered by the nodes as text
 };
 
 // Bits of the request's flags. The console sends none; the stand-in's own tools keep their writes

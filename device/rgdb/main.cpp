@@ -1,5 +1,6 @@
 // rgdb: the configuration database's command-line tool of the stand-in device.
 
+#include "config/unique_fd.h"
 #include "protocol.h"
 
 #include <algorithm>
@@ -25,7 +26,6 @@ constexpr char USAGE[] =
     "  -m FILE        write the nodes that the lines \"PATH = TEXT\" of FILE list, one by one\n"
     "  -l FILE        load FILE in place of what it speaks of: settings, run-time values or both\n"
     "  -w FILE        write the settings to FILE as XML\n"
-    "  -n             print the numbers of connections and requests that the daemon has served\n"
     "  -q             leave the command out of the journal\n"
     "  -i             the node is a run-time one (all nodes are found without it)\n"
     "The FILE of -D, -C and -m may be \"-\", for standard output or input.\n"
@@ -38,20 +38,18 @@ int complain(const char *what, const char *why) {
     return 1;
 }
 
-int connect_to_daemon() {
+UniqueFd connect_to_daemon() {
     const char *path = std::getenv("XMLDB_SOCKET");
     if (path == nullptr)
         path = XMLDB_SOCKET;
     sockaddr_un address{};
     address.sun_family = AF_UNIX;
     std::strncpy(address.sun_path, path, sizeof address.sun_path - 1);
-    const int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-    if (fd < 0 || connect(fd, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0)
+    UniqueFd fd(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+    if (connect(fd.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0)
         return fd;
-    const int error = errno;
-    close(fd);
-    errno = error;
-    return -1;
+    complain("cannot connect to xmldb", std::strerror(errno));
+    return {};
 }
 
 bool send_all(int fd, std::string_view bytes) {
@@ -71,21 +69,18 @@ std::string request(std::uint16_t action, std::uint32_t flags, std::string text)
         complain("request", std::strerror(EMSGSIZE));
         return {};
     }
-    const int fd = connect_to_daemon();
-    if (fd < 0) {
-        complain("cannot connect to xmldb", std::strerror(errno));
+    const UniqueFd daemon = connect_to_daemon();
+    if (!daemon)
         return {};
-    }
     const XmldbRequestHeader header{action, static_cast<std::uint16_t>(text.size()), flags, {}};
     std::string bytes(reinterpret_cast<const char *>(&header), sizeof header);
     std::string reply;
-    if (send_all(fd, bytes + text) && shutdown(fd, SHUT_WR) == 0) {
+    if (send_all(daemon.get(), bytes + text) && shutdown(daemon.get(), SHUT_WR) == 0) {
         char buffer[4096];
         ssize_t length = 0;
-        while ((length = read(fd, buffer, sizeof buffer)) > 0)
+        while ((length = read(daemon.get(), buffer, sizeof buffer)) > 0)
             reply.append(buffer, static_cast<std::size_t>(length));
     }
-    close(fd);
     if (reply.empty())
         complain("xmldb", "no reply");
     return reply;
@@ -155,7 +150,7 @@ std::string absolute(const char *file) {
 int main(int argc, char **argv) {
     std::uint32_t flags = 0;
     int letter = 0;
-    while ((letter = getopt(argc, argv, "qig:s:d:D:C:m:l:w:n")) != -1) {
+    while ((letter = getopt(argc, argv, "qig:s:d:D:C:m:l:w:")) != -1) {
         switch (letter) {
         case 'q':
             flags = XMLDB_UNJOURNALED;
@@ -180,8 +175,6 @@ int main(int argc, char **argv) {
             return change(XMLDB_LOAD, flags, absolute(optarg));
         case 'w':
             return change(XMLDB_SAVE, flags, absolute(optarg));
-        case 'n':
-            return show(XMLDB_STATISTICS, "", "", stdout);
         default:
             break;
         }

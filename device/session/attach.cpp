@@ -37,7 +37,6 @@
 #include <system_error>
 #include <unistd.h>
 
-using session::FileDescriptor;
 using session::SessionEvent;
 using session::SessionReply;
 using session::SessionRequest;
@@ -110,14 +109,14 @@ sockaddr_un socket_address() {
     return address;
 }
 
-FileDescriptor new_socket(int flags) {
-    FileDescriptor made(check(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | flags, 0), "socket"));
+UniqueFd new_socket(int flags) {
+    UniqueFd made(check(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | flags, 0), "socket"));
     return made;
 }
 
-// A descriptor of -1 when no device listens.
-FileDescriptor connect_to_device() {
-    FileDescriptor connection = new_socket(0);
+// None when no device listens.
+UniqueFd connect_to_device() {
+    UniqueFd connection = new_socket(0);
     const sockaddr_un address = socket_address();
     if (connect(connection.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) ==
         0)
@@ -127,8 +126,8 @@ FileDescriptor connect_to_device() {
     return {};
 }
 
-FileDescriptor listen_for_sessions() {
-    FileDescriptor listener = new_socket(SOCK_NONBLOCK);
+UniqueFd listen_for_sessions() {
+    UniqueFd listener = new_socket(SOCK_NONBLOCK);
     const sockaddr_un address = socket_address();
     unlink(SOCKET_FILE);
     const mode_t before = umask(S_IRWXG | S_IRWXO);
@@ -140,9 +139,9 @@ FileDescriptor listen_for_sessions() {
     return listener;
 }
 
-// A descriptor of -1 when a device has it.
-FileDescriptor take_lock() {
-    FileDescriptor lock(
+// None when a device has it.
+UniqueFd take_lock() {
+    UniqueFd lock(
         check(open(LOCK_FILE, O_RDWR | O_CREAT | O_NOFOLLOW | O_CLOEXEC, 0600), LOCK_FILE));
     if (flock(lock.get(), LOCK_EX | LOCK_NB) == 0)
         return lock;
@@ -154,8 +153,8 @@ FileDescriptor take_lock() {
 // ---- a device
 
 struct Device {
-    FileDescriptor connection;
-    FileDescriptor complaints{}; // of a device that was started here: its standard error
+    UniqueFd connection;
+    UniqueFd complaints{}; // of a device that was started here: its standard error
     pid_t launcher = -1;
 };
 
@@ -178,15 +177,15 @@ int own_terminal() {
     _exit(FAILURE_STATUS);
 }
 
-std::array<FileDescriptor, 2> new_pipe() {
+std::array<UniqueFd, 2> new_pipe() {
     std::array<int, 2> ends{};
     check(pipe2(ends.data(), O_CLOEXEC), "pipe2");
-    return {FileDescriptor(ends[0]), FileDescriptor(ends[1])};
+    return {UniqueFd(ends[0]), UniqueFd(ends[1])};
 }
 
 // The launcher's part. What is wanted goes above all the places first.
-[[noreturn]] void launch(const Options &options, const FileDescriptor &directory, int listener,
-                         int ready, int lock, int complaints) {
+[[noreturn]] void launch(const Options &options, const UniqueFd &directory, int listener, int ready,
+                         int lock, int complaints) {
     constexpr int ABOVE = 16;
     const std::array<int, 6> wanted{check(open("/dev/null", O_RDWR), "/dev/null"),
                                     own_terminal(),
@@ -213,21 +212,20 @@ void pass_on_complaints(Device &device) {
         [[maybe_unused]]
         const ssize_t written = write(STDERR_FILENO, bytes.data(), static_cast<std::size_t>(count));
     else if (count == 0 || errno != EINTR)
-        device.complaints = FileDescriptor();
+        device.complaints.reset();
 }
 
 // Starts the device, and waits until it is up. `directory` is where the launcher works.
-Device start_device(const Options &options, const FileDescriptor &lock,
-                    const FileDescriptor &directory) {
-    const FileDescriptor listener = listen_for_sessions();
+Device start_device(const Options &options, const UniqueFd &lock, const UniqueFd &directory) {
+    const UniqueFd listener = listen_for_sessions();
     Device device{.connection = connect_to_device()};
-    std::array<FileDescriptor, 2> ready = new_pipe();
-    std::array<FileDescriptor, 2> complaints = new_pipe();
+    std::array<UniqueFd, 2> ready = new_pipe();
+    std::array<UniqueFd, 2> complaints = new_pipe();
     device.launcher = check(fork(), "fork");
     if (device.launcher == 0)
         launch(options, directory, listener.get(), ready[1].get(), lock.get(), complaints[1].get());
-    ready[1] = FileDescriptor();
-    complaints[1] = FileDescriptor();
+    ready[1].reset();
+    complaints[1].reset();
     device.complaints = std::move(complaints[0]);
 
     for (;;) {
@@ -241,7 +239,7 @@ Device start_device(const Options &options, const FileDescriptor &lock,
     }
     char byte = 0;
     if (read(ready[0].get(), &byte, 1) != 1)
-        device.connection = FileDescriptor();
+        device.connection.reset();
     return device;
 }
 
@@ -259,21 +257,21 @@ void release_terminal() {
     if (getsid(0) != getpid())
         return;
     const auto before = std::signal(SIGHUP, SIG_IGN); // that is what the leader gets
-    const FileDescriptor terminal(open("/dev/tty", O_RDWR | O_NOCTTY | O_CLOEXEC));
-    if (terminal.get() >= 0)
+    const UniqueFd terminal(open("/dev/tty", O_RDWR | O_NOCTTY | O_CLOEXEC));
+    if (terminal)
         ioctl(terminal.get(), TIOCNOTTY);
     std::signal(SIGHUP, before);
 }
 
 // What a user or a supervisor ends a program with.
-FileDescriptor watch_signals() {
+UniqueFd watch_signals() {
     const sigset_t signals = session::not_ignored({SIGINT, SIGQUIT, SIGHUP, SIGTERM});
     sigprocmask(SIG_BLOCK, &signals, nullptr);
-    return FileDescriptor(signalfd(-1, &signals, SFD_CLOEXEC));
+    return UniqueFd(signalfd(-1, &signals, SFD_CLOEXEC));
 }
 
 // SIGINT and SIGQUIT are the program's; the others end the session.
-std::optional<int> take_signal(const FileDescriptor &signals, const FileDescriptor &connection) {
+std::optional<int> take_signal(const UniqueFd &signals, const UniqueFd &connection) {
     signalfd_siginfo info{};
     if (read(signals.get(), &info, sizeof info) != sizeof info)
         return std::nullopt;
@@ -289,7 +287,7 @@ enum class Outcome { ENDED, NOT_TAKEN };
 // Runs the program and leaves its status. NOT_TAKEN when the device went down before it began.
 Outcome run_session(Device &device, const SessionRequest &request, int &status) {
     release_terminal();
-    const FileDescriptor signals = watch_signals();
+    const UniqueFd signals = watch_signals();
     if (!session::send_request(device.connection.get(), request)) {
         if (errno == EPIPE || errno == ECONNRESET)
             return Outcome::NOT_TAKEN;
@@ -334,7 +332,7 @@ Outcome run_session(Device &device, const SessionRequest &request, int &status) 
 }
 
 // Whether the device has other users, once this one says that it goes.
-bool stays_without(const FileDescriptor &connection) {
+bool stays_without(const UniqueFd &connection) {
     shutdown(connection.get(), SHUT_WR);
     SessionReply reply;
     while (recv(connection.get(), &reply, sizeof reply, 0) == sizeof reply) {
@@ -348,16 +346,16 @@ bool stays_without(const FileDescriptor &connection) {
 void leave(Device &device) {
     const auto deadline = std::chrono::steady_clock::now() + DOWN_LIMIT;
     if (!stays_without(device.connection)) {
-        while (take_lock().get() < 0 && std::chrono::steady_clock::now() < deadline)
+        while (!take_lock() && std::chrono::steady_clock::now() < deadline)
             poll(nullptr, 0, LOOK_INTERVAL_MS);
     }
     pollfd watched{device.complaints.get(), POLLIN, 0};
-    while (device.complaints.get() >= 0 && poll(&watched, 1, 0) > 0)
+    while (device.complaints && poll(&watched, 1, 0) > 0)
         pass_on_complaints(device);
 }
 
 int run(const Options &options) {
-    const FileDescriptor directory(check(open(".", O_PATH | O_DIRECTORY | O_CLOEXEC), "."));
+    const UniqueFd directory(check(open(".", O_PATH | O_DIRECTORY | O_CLOEXEC), "."));
     if (chdir(options.state.c_str()) != 0)
         fail(options.state);
     const char *terminal_type = std::getenv("TERM");
@@ -366,18 +364,17 @@ int run(const Options &options) {
     const auto deadline = std::chrono::steady_clock::now() + DOWN_LIMIT;
     for (;;) {
         Device device{.connection = connect_to_device()};
-        if (device.connection.get() < 0) {
-            if (const FileDescriptor lock = take_lock(); lock.get() >= 0) {
+        if (!device.connection) {
+            if (const UniqueFd lock = take_lock()) {
                 device = start_device(options, lock, directory);
-                if (device.connection.get() < 0)
+                if (!device.connection)
                     return wait_for(device.launcher);
             }
         } else if (options.alone) {
             throw std::runtime_error("a device runs in " + options.state + " already");
         }
         int status = 0;
-        if (device.connection.get() >= 0 &&
-            run_session(device, request, status) == Outcome::ENDED) {
+        if (device.connection && run_session(device, request, status) == Outcome::ENDED) {
             leave(device);
             return status;
         }

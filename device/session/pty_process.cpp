@@ -27,8 +27,8 @@ void check(int result, const char *what) {
         fail(what);
 }
 
-FileDescriptor open_terminal() {
-    FileDescriptor terminal(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
+UniqueFd open_terminal() {
+    UniqueFd terminal(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
     check(terminal.get(), "posix_openpt");
     check(grantpt(terminal.get()), "grantpt");
     check(unlockpt(terminal.get()), "unlockpt");
@@ -36,7 +36,7 @@ FileDescriptor open_terminal() {
     return terminal;
 }
 
-std::string name_of(const FileDescriptor &terminal) {
+std::string name_of(const UniqueFd &terminal) {
     std::array<char, 64> name{};
     if (ptsname_r(terminal.get(), name.data(), name.size()) != 0)
         fail("ptsname_r");
@@ -59,12 +59,12 @@ PtyProcess::PtyProcess(const std::vector<std::string> &command, ConsoleInput inp
     check(tcsetattr(terminal_.get(), TCSANOW, &settings), "tcsetattr");
     check(ioctl(terminal_.get(), TIOCSWINSZ, &window_), "TIOCSWINSZ");
 
-    FileDescriptor pipe_end;
+    UniqueFd pipe_end;
     if (input == ConsoleInput::PIPE) {
         std::array<int, 2> ends{};
         check(pipe2(ends.data(), O_CLOEXEC), "pipe2");
-        pipe_end = FileDescriptor(ends[0]);
-        input_pipe_ = FileDescriptor(ends[1]);
+        pipe_end.reset(ends[0]);
+        input_pipe_.reset(ends[1]);
         check(fcntl(input_pipe_.get(), F_SETFL, O_NONBLOCK), "fcntl");
     }
     spawn(command, {input == ConsoleInput::TERMINAL, true, true}, pipe_end.get());
@@ -120,7 +120,7 @@ void PtyProcess::spawn(const std::vector<std::string> &command,
     posix_spawn_file_actions_destroy(&actions);
     if (error != 0)
         throw std::system_error(error, std::generic_category(), command[0]);
-    process_ = FileDescriptor(static_cast<int>(syscall(SYS_pidfd_open, pid_, 0)));
+    process_.reset(static_cast<int>(syscall(SYS_pidfd_open, pid_, 0)));
     check(process_.get(), "pidfd_open");
 }
 
@@ -132,7 +132,7 @@ PtyProcess::~PtyProcess() {
 }
 
 int PtyProcess::input_fd() const {
-    return input_pipe_.get() >= 0 ? input_pipe_.get() : terminal_.get();
+    return input_pipe_ ? input_pipe_.get() : terminal_.get();
 }
 
 bool PtyProcess::read_output(std::string &output) {
@@ -178,10 +178,10 @@ void PtyProcess::set_window(const winsize &window) {
 }
 
 void PtyProcess::close_input() {
-    if (input_pipe_.get() >= 0)
-        input_pipe_ = FileDescriptor();
+    if (input_pipe_)
+        input_pipe_.reset();
     else
-        terminal_ = FileDescriptor();
+        terminal_.reset();
 }
 
 bool PtyProcess::reads_single_characters() const {
@@ -192,8 +192,8 @@ bool PtyProcess::reads_single_characters() const {
 // Polling the program's side makes the kernel deliver what is still on its way to it, so that "not
 // readable" means "read".
 bool PtyProcess::input_is_drained() const {
-    const FileDescriptor program_side(open(terminal_name_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
-    return program_side.get() < 0 || !poll_for(program_side.get(), POLLIN, 0);
+    const UniqueFd program_side(open(terminal_name_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
+    return !program_side || !poll_for(program_side.get(), POLLIN, 0);
 }
 
 int PtyProcess::wait_exit(std::chrono::milliseconds limit) {

@@ -1,7 +1,7 @@
 // A program running on a pseudo-terminal of its own.
 #pragma once
 
-#include "session/file_descriptor.h"
+#include "config/unique_fd.h"
 
 #include <array>
 #include <chrono>
@@ -79,12 +79,12 @@ private:
     void spawn(const std::vector<std::string> &command, const std::array<bool, 3> &on_terminal,
                int stdin_fd);
 
-    FileDescriptor terminal_; // the controlling side
-    FileDescriptor input_pipe_;
+    UniqueFd terminal_; // the controlling side
+    UniqueFd input_pipe_;
     std::string terminal_name_;
     winsize window_;
     pid_t pid_ = -1;
-    FileDescriptor process_;
+    UniqueFd process_;
     int exit_status_ = -1;
 };
 

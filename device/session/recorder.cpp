@@ -1,6 +1,6 @@
 #include "session/recorder.h"
 
-#include "session/journal.h"
+#include "session/journal_reader.h"
 #include "session/transcript_text.h"
 
 #include <algorithm>

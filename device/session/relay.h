@@ -2,7 +2,7 @@
 // when the console has come back to its prompt.
 #pragma once
 
-#include "session/journal.h"
+#include "session/journal_reader.h"
 #include "session/outer_terminal.h"
 #include "session/pty_process.h"
 #include "session/recorder.h"
@@ -48,7 +48,7 @@ private:
     const OuterTerminal &outer_;
     ConsoleInput input_;
     PtyProcess process_;
-    Journal journal_;
+    JournalReader journal_;
     bool trace_;
     std::optional<Recorder> recorder_;
 

@@ -39,7 +39,7 @@ StandardStreams take_streams(msghdr &message) {
              ++i) {
             int fd = -1;
             std::memcpy(&fd, CMSG_DATA(header) + i * sizeof fd, sizeof fd);
-            streams.at(i) = FileDescriptor(fd);
+            streams.at(i).reset(fd);
         }
     }
     return streams;
@@ -89,7 +89,7 @@ SessionMessage receive_message(int connection) {
     SessionMessage received{.streams = take_streams(message)};
     if (length == 1)
         received.signal_number = static_cast<unsigned char>(text.front());
-    else if (received.streams.back().get() >= 0)
+    else if (received.streams.back())
         received.request = parse_request(text);
     received.ended = received.signal_number == 0 && !received.request;
     return received;

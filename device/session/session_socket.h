@@ -12,7 +12,7 @@
 // STAYS was the last one, and the device goes down.
 #pragma once
 
-#include "session/file_descriptor.h"
+#include "config/unique_fd.h"
 
 #include <array>
 #include <cstdint>
@@ -34,7 +34,7 @@ struct SessionReply {
     std::int32_t status = 0;
 };
 
-using StandardStreams = std::array<FileDescriptor, 3>;
+using StandardStreams = std::array<UniqueFd, 3>;
 
 // Sends a request, with this process's standard streams. False, with errno set, when that failed.
 bool send_request(int connection, const SessionRequest &request);

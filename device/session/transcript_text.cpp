@@ -1,7 +1,7 @@
 #include "session/transcript_text.h"
 
 #include "session/console_session.h"
-#include "session/journal.h"
+#include "session/journal_reader.h"
 
 #include <algorithm>
 #include <array>

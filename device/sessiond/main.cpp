@@ -18,8 +18,6 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
-using session::FileDescriptor;
-
 namespace {
 
 constexpr int USAGE_STATUS = 2;
@@ -34,14 +32,14 @@ void keep_to_itself() {
     umask(S_IWGRP | S_IWOTH);
 }
 
-FileDescriptor blocked_signals() {
+UniqueFd blocked_signals() {
     sigset_t blocked;
     sigemptyset(&blocked);
     sigaddset(&blocked, SIGCHLD);
     sigaddset(&blocked, SIGTERM);
     sigprocmask(SIG_SETMASK, &blocked, nullptr);
     sigdelset(&blocked, SIGCHLD);
-    return FileDescriptor(signalfd(-1, &blocked, SFD_CLOEXEC));
+    return UniqueFd(signalfd(-1, &blocked, SFD_CLOEXEC));
 }
 
 } // namespace
@@ -56,12 +54,12 @@ int main(int argc, char **argv) {
     dup2(errors, STDERR_FILENO);
     keep_to_itself();
     adopt_orphans();
-    const FileDescriptor stop = blocked_signals();
+    const UniqueFd stop = blocked_signals();
     const pid_t parent = getppid();
     prctl(PR_SET_PDEATHSIG, SIGTERM);
 
     SessionServer server(std::atoi(argv[1]));
-    server.boot("/sbin/boot", FileDescriptor(std::atoi(argv[2])));
+    server.boot("/sbin/boot", UniqueFd(std::atoi(argv[2])));
     const int status = server.run(stop.get());
     if (getppid() != parent) // which else sees to what this leaves behind
         kill_descendants();

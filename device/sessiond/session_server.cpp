@@ -16,7 +16,6 @@
 #include <utility>
 #include <vector>
 
-using session::FileDescriptor;
 using session::SessionEvent;
 using session::SessionMessage;
 using session::SessionReply;
@@ -35,14 +34,14 @@ int exit_status(int status) {
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-FileDescriptor child_signals() {
+UniqueFd child_signals() {
     sigset_t child;
     sigemptyset(&child);
     sigaddset(&child, SIGCHLD);
-    return FileDescriptor(signalfd(-1, &child, SFD_CLOEXEC | SFD_NONBLOCK));
+    return UniqueFd(signalfd(-1, &child, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
-void reply(const FileDescriptor &connection, SessionEvent event, int status) {
+void reply(const UniqueFd &connection, SessionEvent event, int status) {
     const SessionReply message{event, status};
     send(connection.get(), &message, sizeof message, MSG_NOSIGNAL | MSG_DONTWAIT);
 }
@@ -78,7 +77,7 @@ void reply(const FileDescriptor &connection, SessionEvent event, int status) {
 
 } // namespace
 
-void SessionServer::boot(const char *program, FileDescriptor ready) {
+void SessionServer::boot(const char *program, UniqueFd ready) {
     ready_ = std::move(ready);
     booting_ = fork();
     if (booting_ == 0)
@@ -90,7 +89,7 @@ void SessionServer::boot(const char *program, FileDescriptor ready) {
 }
 
 int SessionServer::run(int stop) {
-    const FileDescriptor signals = child_signals();
+    const UniqueFd signals = child_signals();
     std::vector<pollfd> watched;
     for (;;) {
         accept_clients();
@@ -115,26 +114,25 @@ int SessionServer::run(int stop) {
             ;
         reap_children();
         kill_overdue();
-        std::erase_if(sessions_, [](const Session &each) {
-            return each.connection.get() < 0 && each.leader < 0;
-        });
+        std::erase_if(sessions_,
+                      [](const Session &each) { return !each.connection && each.leader < 0; });
     }
 }
 
 void SessionServer::accept_clients() {
     int fd = -1;
     while ((fd = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC)) >= 0)
-        sessions_.push_back({.connection = FileDescriptor(fd)});
+        sessions_.push_back({.connection = UniqueFd(fd)});
 }
 
 bool SessionServer::someone_is_connected() const {
     return std::ranges::any_of(sessions_,
-                               [](const Session &each) { return each.connection.get() >= 0; });
+                               [](const Session &each) { return bool(each.connection); });
 }
 
 void SessionServer::serve(Session &each) {
     if (booting_ > 0) {
-        each.connection = FileDescriptor();
+        each.connection.reset();
         return;
     }
     const SessionMessage message = session::receive_message(each.connection.get());
@@ -159,7 +157,7 @@ void SessionServer::open_session(Session &each, const SessionMessage &message) {
 }
 
 void SessionServer::hang_up(Session &each) {
-    const FileDescriptor connection = std::exchange(each.connection, FileDescriptor());
+    const UniqueFd connection = std::exchange(each.connection, UniqueFd());
     if (someone_is_connected())
         reply(connection, SessionEvent::STAYS, 0);
     if (each.leader < 0)
@@ -189,7 +187,7 @@ void SessionServer::note_boot(int status) {
         boot_failure_ = status;
     else if (write(ready_.get(), "", 1) < 0)
         std::perror("sessiond: the device is ready");
-    ready_ = FileDescriptor();
+    ready_.reset();
 }
 
 void SessionServer::kill_overdue() {

@@ -15,7 +15,7 @@ public:
 
     // Starts the program that brings the device up. Sessions begin once it has ended well; then
     // `ready` is closed, with a byte written to it before.
-    void boot(const char *program, session::FileDescriptor ready);
+    void boot(const char *program, UniqueFd ready);
 
     // Serves, and reaps every child, until nobody is connected or `stop` is readable. Result: the
     // status to end with, 0 unless the boot failed.
@@ -25,7 +25,7 @@ private:
     using Clock = std::chrono::steady_clock;
 
     struct Session {
-        session::FileDescriptor connection;
+        UniqueFd connection;
         pid_t leader = -1;
         std::optional<Clock::time_point> killed_at{}; // set when the connection has gone
     };
@@ -41,7 +41,7 @@ private:
     [[nodiscard]] int wait_limit() const;
 
     int listener_;
-    session::FileDescriptor ready_; // while the device comes up
+    UniqueFd ready_; // while the device comes up
     pid_t booting_ = -1;
     std::optional<int> boot_failure_{};
     std::list<Session> sessions_;

@@ -2,7 +2,7 @@
 // becomes a real shell, which knows the process that asked for it as CONSOLE_PID. The stand-in's
 // own scripts run in busybox directly and stay out of it.
 
-#include "xmldb/journal.h"
+#include "xmldb/journal_writer.h"
 
 #include <cstdio>
 #include <cstdlib>
@@ -17,7 +17,7 @@ int main(int argc, char **argv) {
     if (argc > 2 && std::strcmp(argv[1], "-c") == 0) {
         // The C library's system() puts "--" before the command in its newer versions.
         const bool ends_options = argc > 3 && std::strcmp(argv[2], "--") == 0;
-        Journal(JOURNAL_FILE).record("ran", argv[ends_options ? 3 : 2]);
+        JournalWriter(JOURNAL_FILE).record("ran", argv[ends_options ? 3 : 2]);
         setenv("CONSOLE_PID", std::to_string(getppid()).c_str(), 1);
         shell = "/bin/dash";
     }

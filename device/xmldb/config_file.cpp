@@ -1,5 +1,7 @@
 #include "config_file.h"
 
+#include "config/unique_fd.h"
+
 #include <pugixml.hpp>
 
 #include <algorithm>
@@ -170,13 +172,10 @@ bool write_all(int fd, std::string_view text) {
 // A rename lasts through a loss of power once the directory is on the disk.
 bool sync_directory_of(const std::string &file) {
     const std::string directory = std::filesystem::path(file).parent_path();
-    const int fd =
-        open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (fd < 0)
-        return false;
-    const bool synced = fsync(fd) == 0 || errno == EINVAL; // no such thing on this file system
-    close(fd);
-    return synced;
+    const UniqueFd fd(
+        open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    // Not every file system can.
+    return fd && (fsync(fd.get()) == 0 || errno == EINVAL);
 }
 
 } // namespace
@@ -217,28 +216,24 @@ std::optional<NodeTree> parse_tree(std::string_view document) {
 
 std::optional<NodeTree> load_tree_file(const std::string &file) {
     // Without O_NONBLOCK the open of a named pipe would hold up the daemon.
-    const int fd = open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    if (fd < 0)
-        return std::nullopt;
+    const UniqueFd fd(open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status {};
-    std::string document;
-    if (fstat(fd, &status) == 0 && S_ISREG(status.st_mode)) {
-        document.resize(static_cast<std::size_t>(status.st_size));
-        const ssize_t length = read(fd, document.data(), document.size());
-        document.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
-    }
-    close(fd);
+    if (!fd || fstat(fd.get(), &status) != 0 || !S_ISREG(status.st_mode))
+        return std::nullopt;
+    std::string document(static_cast<std::size_t>(status.st_size), '\0');
+    const ssize_t length = read(fd.get(), document.data(), document.size());
+    document.resize(length > 0 ? static_cast<std::size_t>(length) : 0);
     return parse_tree(document);
 }
 
 bool replace_file(const std::string &file, std::string_view text) {
     const std::string fresh = file + ".new";
     unlink(fresh.c_str()); // what a save that was cut short has left
-    const int fd = open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, FILE_MODE);
-    if (fd < 0)
+    const UniqueFd fd(open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, FILE_MODE));
+    if (!fd)
         return false;
-    const bool written = write_all(fd, text) && fsync(fd) == 0;
-    const bool replaced = close(fd) == 0 && written && rename(fresh.c_str(), file.c_str()) == 0;
+    const bool replaced = write_all(fd.get(), text) && fsync(fd.get()) == 0 &&
+                          rename(fresh.c_str(), file.c_str()) == 0;
     if (!replaced)
         unlink(fresh.c_str());
     return replaced && sync_directory_of(file);

@@ -1,7 +1,7 @@
 // xmldb: the configuration database daemon of the stand-in device.
 
 #include "config_file.h"
-#include "journal.h"
+#include "journal_writer.h"
 #include "request_handler.h"
 #include "server.h"
 
@@ -11,7 +11,6 @@
 #include <cstring>
 #include <fcntl.h>
 #include <getopt.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 namespace {
@@ -66,27 +65,14 @@ bool load_files(char **files, NodeTree &tree) {
     return true;
 }
 
-void raise_descriptor_limit() {
-    rlimit limit{};
-    if (getrlimit(RLIMIT_NOFILE, &limit) == 0) {
-        limit.rlim_cur = limit.rlim_max;
-        setrlimit(RLIMIT_NOFILE, &limit);
-    }
-}
-
 // Ends the parent process, whose end tells the caller that the daemon is ready. The daemon keeps
 // standard error, for its complaints.
 bool go_to_background() {
     const pid_t pid = fork();
     if (pid > 0)
         _exit(0);
-    const int null = pid == 0 ? open("/dev/null", O_RDWR | O_CLOEXEC) : -1;
-    if (null < 0)
-        return false;
-    dup2(null, STDIN_FILENO);
-    dup2(null, STDOUT_FILENO);
-    close(null);
-    return true;
+    const UniqueFd null(open("/dev/null", O_RDWR | O_CLOEXEC));
+    return pid == 0 && dup2(null.get(), STDIN_FILENO) >= 0 && dup2(null.get(), STDOUT_FILENO) >= 0;
 }
 
 int complain(const char *what) {
@@ -103,9 +89,8 @@ int main(int argc, char **argv) {
     NodeTree tree;
     if (!load_files(argv + optind, tree))
         return 1;
-    raise_descriptor_limit();
     std::signal(SIGPIPE, SIG_IGN); // who hears complaints may have gone
-    const Journal journal(options.journal.c_str());
+    const JournalWriter journal(options.journal.c_str());
     RequestHandler handler(tree, journal);
     Server server(handler);
     if (!server.listen_on(options.socket))

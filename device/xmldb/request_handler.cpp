@@ -49,13 +49,10 @@ std::string RequestHandler::answer(std::string_view request) {
     const bool journaled = (header.flags & XMLDB_UNJOURNALED) == 0;
     switch (header.action) {
     case XMLDB_GET:
-        ++gets_;
         return text_reply(get(text));
     case XMLDB_SET:
-        ++sets_;
         return status_reply(set(text, journaled));
     case XMLDB_DEL:
-        ++deletes_;
         return status_reply(remove(text, journaled));
     case 6: // the text actions that this daemon has no use for
     case 7:
@@ -64,8 +61,6 @@ std::string RequestHandler::answer(std::string_view request) {
     case XMLDB_STOP:
         stopping_ = true;
         return status_reply(true);
-    case XMLDB_STATISTICS:
-        return text_reply(statistics());
     case XMLDB_LOAD:
         return status_reply(load(std::string(text)));
     case XMLDB_SAVE:
@@ -126,9 +121,4 @@ bool RequestHandler::load(const std::string &file) {
         uptime_written_ = clock_();
     tree_.replace_by(*std::move(loaded));
     return true;
-}
-
-std::string RequestHandler::statistics() const {
-    return "connections " + std::to_string(connections_) + "\ngets " + std::to_string(gets_) +
-           "\nsets " + std::to_string(sets_) + "\ndeletes " + std::to_string(deletes_) + '\n';
 }

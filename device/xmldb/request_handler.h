@@ -1,7 +1,7 @@
 // What the daemon answers to a request, bytes in and bytes out: nothing here knows of sockets.
 #pragma once
 
-#include "journal.h"
+#include "journal_writer.h"
 #include "node_tree.h"
 #include "protocol.h"
 
@@ -17,7 +17,8 @@ class RequestHandler {
 public:
     // Works on `tree` and enters changes into `journal`; both outlive the handler. The device's
     // uptime counts on from the number that was put into its node.
-    RequestHandler(NodeTree &tree, const Journal &journal, SecondsClock *clock = steady_seconds)
+    RequestHandler(NodeTree &tree, const JournalWriter &journal,
+                   SecondsClock *clock = steady_seconds)
         : tree_(tree), journal_(journal), clock_(clock), uptime_written_(clock()) {}
 
     // How many bytes the first request in `bytes` takes, or 0 while it is not there whole.
@@ -29,8 +30,6 @@ public:
     // the action's reply is a text.
     std::string answer(std::string_view request);
 
-    void count_connection() { ++connections_; }
-
     // Whether a request asked the daemon to end.
     [[nodiscard]] bool stopping() const { return stopping_; }
 
@@ -41,15 +40,10 @@ private:
     bool set(std::string_view text, bool journaled);
     bool remove(std::string_view path, bool journaled);
     bool load(const std::string &file);
-    [[nodiscard]] std::string statistics() const;
 
     NodeTree &tree_;
-    const Journal &journal_;
+    const JournalWriter &journal_;
     SecondsClock *clock_;
     std::chrono::seconds uptime_written_;
-    std::size_t connections_ = 0;
-    std::size_t gets_ = 0;
-    std::size_t sets_ = 0;
-    std::size_t deletes_ = 0;
     bool stopping_ = false;
 };

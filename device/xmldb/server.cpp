@@ -13,21 +13,18 @@ namespace {
 
 constexpr std::size_t READ_SIZE = 4096;
 
+// More of them wait until one has left: descriptors are few.
+constexpr std::size_t MOST_CLIENTS = 1000;
+
 bool is_temporary(int error) {
     return error == EAGAIN || error == EWOULDBLOCK || error == EINTR;
 }
 
 } // namespace
 
-Server::Server(RequestHandler &handler) : handler_(handler) {}
-
 Server::~Server() {
-    for (const Connection &connection : connections_)
-        close(connection.fd);
-    if (listener_ >= 0) {
-        close(listener_);
+    if (listener_)
         unlink(path_.c_str());
-    }
 }
 
 bool Server::listen_on(const std::string &path) {
@@ -38,18 +35,12 @@ bool Server::listen_on(const std::string &path) {
         return false;
     }
     std::ranges::copy(path, address.sun_path);
-    const int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0);
-    if (fd < 0)
-        return false;
+    UniqueFd listener(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
     unlink(path.c_str());
-    if (bind(fd, reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0 ||
-        listen(fd, SOMAXCONN) != 0) {
-        const int error = errno;
-        close(fd);
-        errno = error;
+    if (bind(listener.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0 ||
+        listen(listener.get(), SOMAXCONN) != 0)
         return false;
-    }
-    listener_ = fd;
+    listener_ = std::move(listener);
     path_ = path;
     return true;
 }
@@ -57,12 +48,12 @@ bool Server::listen_on(const std::string &path) {
 bool Server::run() {
     std::vector<pollfd> watched;
     while (!handler_.stopping()) {
-        ++turn_;
-        watched.assign(1, {listener_, POLLIN, 0});
+        const bool has_room = connections_.size() < MOST_CLIENTS;
+        watched.assign(1, {has_room ? listener_.get() : -1, POLLIN, 0});
         for (const Connection &each : connections_) {
             // A client that leaves its replies unread is not listened to either.
             const auto events = static_cast<short>(each.unsent.empty() ? POLLIN : POLLOUT);
-            watched.push_back({each.fd, events, 0});
+            watched.push_back({each.fd.get(), events, 0});
         }
         if (poll(watched.data(), watched.size(), -1) < 0) {
             if (errno == EINTR)
@@ -74,36 +65,21 @@ bool Server::run() {
             if ((event++)->revents != 0)
                 serve(each);
         }
-        close_ended();
+        std::erase_if(connections_,
+                      [](const Connection &each) { return each.ended && each.unsent.empty(); });
         if (watched.front().revents != 0)
             accept_client();
     }
     return true;
 }
 
-// One client a turn: asked for one more than there is, accept4 may name the lack of a descriptor
-// first.
 void Server::accept_client() {
-    const int fd = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK);
-    if (fd >= 0) {
-        handler_.count_connection();
-        connections_.push_back({fd, turn_});
-    } else if (errno == EMFILE || errno == ENFILE) {
-        make_room();
-    }
-}
-
-// Out of descriptors: the client that has been silent longest gives way to the one that waits.
-void Server::make_room() {
-    const auto idle = std::ranges::min_element(connections_, {}, &Connection::last_active);
-    if (idle == connections_.end())
-        return;
-    close(idle->fd);
-    connections_.erase(idle);
+    UniqueFd client(accept4(listener_.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
+    if (client)
+        connections_.push_back({std::move(client)});
 }
 
 void Server::serve(Connection &connection) {
-    connection.last_active = turn_;
     if (connection.unsent.empty())
         connection.receive();
     else
@@ -121,7 +97,7 @@ void Server::serve(Connection &connection) {
 
 void Server::Connection::receive() {
     std::array<char, READ_SIZE> buffer;
-    const ssize_t length = read(fd, buffer.data(), buffer.size());
+    const ssize_t length = read(fd.get(), buffer.data(), buffer.size());
     if (length > 0)
         received.append(buffer.data(), static_cast<std::size_t>(length));
     else if (length == 0 || !is_temporary(errno))
@@ -129,7 +105,7 @@ void Server::Connection::receive() {
 }
 
 void Server::Connection::send_unsent() {
-    const ssize_t sent = send(fd, unsent.data(), unsent.size(), MSG_NOSIGNAL);
+    const ssize_t sent = send(fd.get(), unsent.data(), unsent.size(), MSG_NOSIGNAL);
     if (sent >= 0) {
         unsent.erase(0, static_cast<std::size_t>(sent));
     } else if (!is_temporary(errno)) {
@@ -137,13 +113,4 @@ void Server::Connection::send_unsent() {
         received.clear();
         ended = true;
     }
-}
-
-void Server::close_ended() {
-    std::erase_if(connections_, [](const Connection &each) {
-        const bool over = each.ended && each.unsent.empty();
-        if (over)
-            close(each.fd);
-        return over;
-    });
 }

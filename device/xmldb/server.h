@@ -2,16 +2,16 @@
 // up the others, whatever it sends or leaves unread.
 #pragma once
 
+#include "config/unique_fd.h"
 #include "request_handler.h"
 
-#include <cstdint>
 #include <list>
 #include <string>
 
 class Server {
 public:
     // `handler` outlives the server.
-    explicit Server(RequestHandler &handler);
+    explicit Server(RequestHandler &handler) : handler_(handler) {}
     ~Server(); // closes every connection and removes the socket's file
     Server(const Server &) = delete;
     Server &operator=(const Server &) = delete;
@@ -25,8 +25,7 @@ public:
 
 private:
     struct Connection {
-        int fd;
-        std::uint64_t last_active;
+        UniqueFd fd;
         std::string received = {};
         std::string unsent = {};
         bool ended = false; // the client sends no more
@@ -36,13 +35,10 @@ private:
     };
 
     void accept_client();
-    void make_room();
     void serve(Connection &connection);
-    void close_ended();
 
     RequestHandler &handler_;
     std::string path_;
-    int listener_ = -1;
-    std::uint64_t turn_ = 0;
+    UniqueFd listener_;
     std::list<Connection> connections_;
 };

@@ -19,7 +19,7 @@ bool touches_files(std::string_view request) {
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
-    static const Journal JOURNAL("/dev/null");
+    static const JournalWriter JOURNAL("/dev/null");
     NodeTree tree;
     RequestHandler handler(tree, JOURNAL);
     std::string_view bytes = fuzz_text(data, size);

@@ -4,7 +4,7 @@
 // usage: stand_in_test --device DIRECTORY --root DIRECTORY --program PATH [GoogleTest's options]
 //   --device   where the scripts are that start it
 
-#include "session/journal.h"
+#include "session/journal_reader.h"
 #include "session/pty_process.h"
 
 #include <cstdlib>
@@ -136,7 +136,7 @@ protected:
 
     // The lock lives as long as the device.
     void wait_until_down() const {
-        const session::FileDescriptor lock(open((state + "/lock").c_str(), O_RDWR | O_CLOEXEC));
+        const UniqueFd lock(open((state + "/lock").c_str(), O_RDWR | O_CLOEXEC));
         flock(lock.get(), LOCK_EX);
     }
 
@@ -303,12 +303,12 @@ TEST_P(StandIn, TakesSshClients) {
 INSTANTIATE_TEST_SUITE_P(, StandIn, testing::Values("here", "directory"),
                          [](const auto &each) { return std::string(each.param); });
 
-TEST(Journal, IsARegularFileOrHasNoLines) {
+TEST(JournalReader, IsARegularFileOrHasNoLines) {
     const ScratchDirectory scratch;
     const std::string file = scratch.file("journal");
     const auto write = [&](const char *text) { std::ofstream(file, std::ios::app) << text; };
     write("before\n");
-    session::Journal journal(file);
+    session::JournalReader journal(file);
     write("one\ntw");
     EXPECT_EQ(journal.new_lines(), std::vector<std::string>{"one"});
     write("o\n");

@@ -1,7 +1,7 @@
 // The stand-in's database daemon: the rules of its tree, its files, its requests, its server.
 
 #include "xmldb/config_file.h"
-#include "xmldb/journal.h"
+#include "xmldb/journal_writer.h"
 #include "xmldb/node_tree.h"
 #include "xmldb/request_handler.h"
 #include "xmldb/server.h"
@@ -11,7 +11,6 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iterator>
-#include <sys/resource.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
@@ -207,7 +206,7 @@ protected:
 
     const ScratchDirectory scratch;
     const std::string journal_file = scratch.file("journal");
-    const Journal journal{journal_file.c_str()};
+    const JournalWriter journal{journal_file.c_str()};
     NodeTree tree;
     RequestHandler handler{tree, journal};
 };
@@ -293,40 +292,36 @@ protected:
         thread = std::thread([this] { server.run(); });
     }
     void TearDown() override {
-        const int fd = connected();
+        const UniqueFd fd = connected();
         put(fd, request(XMLDB_STOP, ""));
         thread.join();
-        close(fd);
     }
 
-    [[nodiscard]] int connected() const {
+    [[nodiscard]] UniqueFd connected() const {
         sockaddr_un address{};
         address.sun_family = AF_UNIX;
         socket_path.copy(address.sun_path, sizeof address.sun_path - 1);
-        const int fd = socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
-        EXPECT_EQ(connect(fd, reinterpret_cast<const sockaddr *>(&address), sizeof address), 0);
+        UniqueFd fd(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
+        EXPECT_EQ(connect(fd.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address),
+                  0);
         return fd;
     }
-    static void put(int fd, const std::string &bytes) {
-        EXPECT_EQ(send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL),
+    static void put(const UniqueFd &fd, const std::string &bytes) {
+        EXPECT_EQ(send(fd.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL),
                   static_cast<ssize_t>(bytes.size()));
     }
     // The next `size` bytes from the daemon, fewer when it closes before.
-    static std::string take(int fd, std::size_t size) {
+    static std::string take(const UniqueFd &fd, std::size_t size) {
         std::string bytes(size, '\0');
-        const ssize_t length = recv(fd, bytes.data(), size, MSG_WAITALL);
+        const ssize_t length = recv(fd.get(), bytes.data(), size, MSG_WAITALL);
         return bytes.substr(0, static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
     }
-    static void expect_answer(int fd) {
+    void expect_service() const {
+        const UniqueFd fd = connected();
         put(fd, request(XMLDB_SET, "/alive yes"));
         EXPECT_EQ(status_of(take(fd, sizeof(XmldbStatusReply))), 0);
         put(fd, request(XMLDB_GET, "/alive"));
         EXPECT_EQ(take(fd, 4), "yes\0"s);
-    }
-    void expect_service() const {
-        const int fd = connected();
-        expect_answer(fd);
-        close(fd);
     }
 
     const std::string socket_path = scratch.file("sock");
@@ -335,72 +330,38 @@ protected:
 };
 
 TEST_F(ServerTest, ServesThroughBadClients) {
-    const int slow = connected();
+    const UniqueFd slow = connected();
     const std::string wanted = request(XMLDB_SET, "/slow "s + std::string(60000, 'x'));
     put(slow, wanted.substr(0, 5));
-    close(connected());
-    const int early = connected(); // asks and goes
-    put(early, request(XMLDB_GET, "/slow"));
-    close(early);
-    const int cut = connected(); // announces more than it sends
+    (void)connected();
+    put(connected(), request(XMLDB_GET, "/slow")); // asks and goes
+    const UniqueFd cut = connected();              // announces more than it sends
     put(cut, request(XMLDB_SET, "/cut value").substr(0, 20));
-    shutdown(cut, SHUT_WR);
+    shutdown(cut.get(), SHUT_WR);
     EXPECT_EQ(take(cut, 1), "");
-    close(cut);
     expect_service();
     put(slow, wanted.substr(5, 1000));
     expect_service();
     put(slow, wanted.substr(1005));
     EXPECT_EQ(status_of(take(slow, sizeof(XmldbStatusReply))), 0);
-    close(slow);
-    const int reader = connected();
-    put(reader, request(XMLDB_GET, "/cut"));
-    EXPECT_EQ(take(reader, 1), "\0"s);
-    close(reader);
+    put(slow, request(XMLDB_GET, "/cut"));
+    EXPECT_EQ(take(slow, 1), "\0"s);
 }
 
 TEST_F(ServerTest, AnswersManyRequestsOfOneConnectionInOrder) {
-    const int fd = connected();
+    const UniqueFd fd = connected();
     std::string bytes = request(XMLDB_SET, "/big "s + std::string(60000, 'b'));
     constexpr std::size_t GETS = 50; // more replies than a socket buffers
     for (std::size_t i = 0; i < GETS; ++i)
         bytes += request(XMLDB_GET, "/big");
     std::thread writer([&] {
         put(fd, bytes);
-        shutdown(fd, SHUT_WR);
+        shutdown(fd.get(), SHUT_WR);
     });
     EXPECT_EQ(status_of(take(fd, sizeof(XmldbStatusReply))), 0);
     expect_service();
     EXPECT_EQ(take(fd, GETS * 60001 + 1).size(), GETS * 60001);
     writer.join();
-    close(fd);
-}
-
-// Both ends of every connection are descriptors of this process.
-TEST_F(ServerTest, MakesRoomForANewClientWhenOutOfDescriptors) {
-    rlimit before{};
-    getrlimit(RLIMIT_NOFILE, &before);
-    const rlimit tight{200, before.rlim_max};
-    setrlimit(RLIMIT_NOFILE, &tight);
-    for (int i = 0; i < 3000; ++i)
-        expect_service();
-    const int silent = connected();
-    expect_answer(silent);
-    const int active = connected();
-    expect_answer(active);
-    std::vector<int> fillers;
-    for (int filler = dup(active); filler >= 0; filler = dup(active))
-        fillers.push_back(filler);
-    close(fillers.back()); // what the new client needs for its own end
-    fillers.pop_back();
-    expect_service();
-    EXPECT_EQ(take(silent, 1), "") << "the client silent for longest is let go";
-    for (const int filler : fillers)
-        close(filler);
-    expect_answer(active);
-    close(active);
-    close(silent);
-    setrlimit(RLIMIT_NOFILE, &before);
 }
 
 } // namespace

@@ -3,7 +3,7 @@
 #include "comparison.h"
 #include "database_control.h"
 #include "session/console_session.h"
-#include "session/journal.h"
+#include "session/journal_reader.h"
 #include "session/transcript_text.h"
 
 #include <algorithm>
@@ -42,7 +42,7 @@ private:
     std::vector<std::string> body(const std::string &printed);
 
     DatabaseControl database_;
-    session::Journal journal_;
+    session::JournalReader journal_;
     session::ConsoleSession console_;
 };
 

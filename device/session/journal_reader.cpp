@@ -1,4 +1,4 @@
-#include "session/journal.h"
+#include "session/journal_reader.h"
 
 #include <algorithm>
 #include <array>
@@ -9,9 +9,9 @@ namespace session {
 
 namespace {
 
-struct stat status_of(const FileDescriptor &file) {
+struct stat status_of(const UniqueFd &file) {
     struct stat status {};
-    if (file.get() >= 0)
+    if (file)
         fstat(file.get(), &status);
     return status;
 }
@@ -22,17 +22,17 @@ bool is_same_file(const struct stat &one, const struct stat &other) {
 
 } // namespace
 
-Journal::Journal(std::string path)
+JournalReader::JournalReader(std::string path)
     : path_(std::move(path)), file_(open_file()), offset_(status_of(file_).st_size) {}
 
-FileDescriptor Journal::open_file() const {
-    FileDescriptor file(
+UniqueFd JournalReader::open_file() const {
+    UniqueFd file(
         open(path_.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
-    return S_ISREG(status_of(file).st_mode) ? std::move(file) : FileDescriptor();
+    return S_ISREG(status_of(file).st_mode) ? std::move(file) : UniqueFd();
 }
 
-std::vector<std::string> Journal::new_lines() {
-    FileDescriptor file = open_file();
+std::vector<std::string> JournalReader::new_lines() {
+    UniqueFd file = open_file();
     const struct stat status = status_of(file);
     if (!is_same_file(status, status_of(file_)) || status.st_size < offset_)
         offset_ = 0;

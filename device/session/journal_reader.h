@@ -1,7 +1,7 @@
 // The stand-in device's journal: a file that grows by whole lines.
 #pragma once
 
-#include "session/file_descriptor.h"
+#include "config/unique_fd.h"
 
 #include <string>
 #include <string_view>
@@ -12,10 +12,10 @@ namespace session {
 
 // Programs of the device may put anything in the journal's place: only a regular file is read, no
 // link is followed, nothing is waited for.
-class Journal {
+class JournalReader {
 public:
     // What the file at `path` holds at this moment is not reported.
-    explicit Journal(std::string path);
+    explicit JournalReader(std::string path);
 
     // The lines, without their newlines, that were written since the last call or the construction.
     // A file in place of the old one, or one made shorter, is read from its beginning; one that is
@@ -23,10 +23,10 @@ public:
     std::vector<std::string> new_lines();
 
 private:
-    [[nodiscard]] FileDescriptor open_file() const;
+    [[nodiscard]] UniqueFd open_file() const;
 
     std::string path_;
-    FileDescriptor file_; // kept open, so that no other file gets its number
+    UniqueFd file_; // kept open, so that no other file gets its number
     off_t offset_ = 0;
 };
 

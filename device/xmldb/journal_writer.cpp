@@ -1,4 +1,4 @@
-#include "journal.h"
+#include "journal_writer.h"
 
 #include <cstdio>
 #include <fcntl.h>
@@ -43,19 +43,14 @@ std::string journal_line(std::string_view what, std::string_view text) {
     return line;
 }
 
-Journal::Journal(const char *file)
+JournalWriter::JournalWriter(const char *file)
     : fd_(open(file, O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, FILE_MODE)) {
-    if (fd_ < 0)
+    if (!fd_)
         std::perror(file);
 }
 
-Journal::~Journal() {
-    if (fd_ >= 0)
-        close(fd_);
-}
-
-void Journal::record(std::string_view what, std::string_view text) const {
+void JournalWriter::record(std::string_view what, std::string_view text) const {
     const std::string line = journal_line(what, text);
-    if (fd_ >= 0 && write(fd_, line.data(), line.size()) != static_cast<ssize_t>(line.size()))
+    if (fd_ && write(fd_.get(), line.data(), line.size()) != static_cast<ssize_t>(line.size()))
         std::perror("journal");
 }

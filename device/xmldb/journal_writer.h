@@ -1,6 +1,8 @@
 // The journal: what the console wrote, deleted and ran, in order, one line each.
 #pragma once
 
+#include "config/unique_fd.h"
+
 #include <string>
 #include <string_view>
 
@@ -11,18 +13,15 @@ inline constexpr char JOURNAL_FILE[] = "/var/journal";
 // \r or \xNN), so that an entry is one line.
 std::string journal_line(std::string_view what, std::string_view text);
 
-class Journal {
+class JournalWriter {
 public:
     // Appends to `file`, making it when there is none; others may append to it, too, and empty it.
     // A journal that cannot be opened or written complains on standard error and holds up nobody.
-    explicit Journal(const char *file);
-    ~Journal();
-    Journal(const Journal &) = delete;
-    Journal &operator=(const Journal &) = delete;
+    explicit JournalWriter(const char *file);
 
     // Appends one entry, in a single write.
     void record(std::string_view what, std::string_view text) const;
 
 private:
-    int fd_;
+    UniqueFd fd_;
 };
