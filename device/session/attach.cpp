@@ -12,8 +12,8 @@
 // In DIRECTORY, "lock" is locked while the device runs, and "sessions" is its socket. The device
 // ends with the last of its sessions; who has had that one waits for it.
 
+#include "session/process.h"
 #include "session/session_socket.h"
-#include "session/signals.h"
 
 #include <algorithm>
 #include <array>
@@ -34,9 +34,10 @@
 #include <sys/stat.h>
 #include <sys/un.h>
 #include <sys/wait.h>
-#include <system_error>
 #include <unistd.h>
 
+using session::check;
+using session::fail;
 using session::SessionEvent;
 using session::SessionReply;
 using session::SessionRequest;
@@ -58,16 +59,6 @@ struct Options {
     std::vector<std::string> launch{};
     std::vector<std::string> command{};
 };
-
-[[noreturn]] void fail(const std::string &what) {
-    throw std::system_error(errno, std::generic_category(), what);
-}
-
-int check(int result, const char *what) {
-    if (result < 0)
-        fail(what);
-    return result;
-}
 
 std::optional<Options> read_options(const std::vector<std::string> &words) {
     Options options;
@@ -166,17 +157,6 @@ int own_terminal() {
     return -1;
 }
 
-[[noreturn]] void become(const std::vector<std::string> &command) {
-    std::vector<char *> words;
-    words.reserve(command.size() + 1);
-    for (const std::string &word : command)
-        words.push_back(const_cast<char *>(word.c_str()));
-    words.push_back(nullptr);
-    execvp(words[0], words.data());
-    std::perror(words[0]);
-    _exit(FAILURE_STATUS);
-}
-
 std::array<UniqueFd, 2> new_pipe() {
     std::array<int, 2> ends{};
     check(pipe2(ends.data(), O_CLOEXEC), "pipe2");
@@ -202,7 +182,7 @@ std::array<UniqueFd, 2> new_pipe() {
     for (std::size_t place = 0; place < wanted.size(); ++place)
         check(dup2(moved.at(place), static_cast<int>(place)), "dup2");
     closefrom(static_cast<int>(wanted.size()));
-    become(options.launch);
+    session::become(options.launch);
 }
 
 void pass_on_complaints(Device &device) {
@@ -241,12 +221,6 @@ Device start_device(const Options &options, const UniqueFd &lock, const UniqueFd
     if (read(ready[0].get(), &byte, 1) != 1)
         device.connection.reset();
     return device;
-}
-
-int wait_for(pid_t pid) {
-    int status = 0;
-    waitpid(pid, &status, 0);
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
 // ---- the session
@@ -367,8 +341,9 @@ int run(const Options &options) {
         if (!device.connection) {
             if (const UniqueFd lock = take_lock()) {
                 device = start_device(options, lock, directory);
-                if (!device.connection)
-                    return wait_for(device.launcher);
+                int failure = 0;
+                if (!device.connection && waitpid(device.launcher, &failure, 0) > 0)
+                    return session::exit_status(failure);
             }
         } else if (options.alone) {
             throw std::runtime_error("a device runs in " + options.state + " already");

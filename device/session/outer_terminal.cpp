@@ -1,6 +1,6 @@
 #include "session/outer_terminal.h"
 
-#include "session/signals.h"
+#include "session/process.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -9,7 +9,6 @@
 #include <poll.h>
 #include <sys/prctl.h>
 #include <sys/wait.h>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -29,10 +28,6 @@ const OuterTerminal *restored_terminal = nullptr;
 void restore_and_exit(int number) {
     restored_terminal->restore();
     _exit(128 + number);
-}
-
-[[noreturn]] void fail(const char *what) {
-    throw std::system_error(errno, std::generic_category(), what);
 }
 
 bool write_all(int fd, std::string_view bytes) {
@@ -107,9 +102,7 @@ int run_guarded(const OuterTerminal &terminal, const std::function<int()> &work)
     sigaddset(&ends, SIGCHLD);
     sigset_t before;
     sigprocmask(SIG_BLOCK, &ends, &before);
-    const pid_t child = fork();
-    if (child < 0)
-        fail("fork");
+    const pid_t child = check(fork(), "fork");
     if (child == 0) {
         prctl(PR_SET_PDEATHSIG, SIGTERM);
         restored_terminal = &terminal;
@@ -133,9 +126,7 @@ int run_guarded(const OuterTerminal &terminal, const std::function<int()> &work)
         }
     }
     terminal.restore();
-    if (ended_by)
-        return 128 + *ended_by;
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    return ended_by ? 128 + *ended_by : exit_status(status);
 }
 
 int pass_through(const OuterTerminal &terminal, const std::vector<std::string> &command) {

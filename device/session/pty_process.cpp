@@ -1,16 +1,15 @@
 #include "session/pty_process.h"
 
+#include "session/process.h"
+
 #include <algorithm>
-#include <array>
 #include <cerrno>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <poll.h>
-#include <spawn.h>
 #include <sys/syscall.h>
 #include <sys/wait.h>
-#include <system_error>
 #include <termios.h>
 #include <unistd.h>
 
@@ -18,29 +17,16 @@ namespace session {
 
 namespace {
 
-[[noreturn]] void fail(const char *what) {
-    throw std::system_error(errno, std::generic_category(), what);
-}
-
-void check(int result, const char *what) {
-    if (result < 0)
-        fail(what);
-}
-
 UniqueFd open_terminal() {
-    UniqueFd terminal(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC));
-    check(terminal.get(), "posix_openpt");
-    check(grantpt(terminal.get()), "grantpt");
+    UniqueFd terminal(check(posix_openpt(O_RDWR | O_NOCTTY | O_CLOEXEC), "posix_openpt"));
     check(unlockpt(terminal.get()), "unlockpt");
     check(fcntl(terminal.get(), F_SETFL, O_NONBLOCK), "fcntl");
     return terminal;
 }
 
-std::string name_of(const UniqueFd &terminal) {
-    std::array<char, 64> name{};
-    if (ptsname_r(terminal.get(), name.data(), name.size()) != 0)
-        fail("ptsname_r");
-    return name.data();
+// The side that a program has of a terminal.
+UniqueFd program_side(const UniqueFd &terminal) {
+    return UniqueFd(ioctl(terminal.get(), TIOCGPTPEER, O_RDWR | O_NOCTTY | O_CLOEXEC));
 }
 
 bool poll_for(int fd, short events, int milliseconds) {
@@ -52,7 +38,7 @@ bool poll_for(int fd, short events, int milliseconds) {
 
 PtyProcess::PtyProcess(const std::vector<std::string> &command, ConsoleInput input,
                        const winsize &window)
-    : terminal_(open_terminal()), terminal_name_(name_of(terminal_)), window_(window) {
+    : terminal_(open_terminal()), window_(window) {
     termios settings{};
     check(tcgetattr(terminal_.get(), &settings), "tcgetattr");
     settings.c_oflag &= ~static_cast<tcflag_t>(OPOST);
@@ -73,55 +59,28 @@ PtyProcess::PtyProcess(const std::vector<std::string> &command, ConsoleInput inp
 PtyProcess::PtyProcess(const std::vector<std::string> &command,
                        const std::array<bool, 3> &on_terminal, const termios &settings,
                        const winsize &window)
-    : terminal_(open_terminal()), terminal_name_(name_of(terminal_)), window_(window) {
+    : terminal_(open_terminal()), window_(window) {
     check(tcsetattr(terminal_.get(), TCSANOW, &settings), "tcsetattr");
     check(ioctl(terminal_.get(), TIOCSWINSZ, &window_), "TIOCSWINSZ");
     spawn(command, on_terminal, STDIN_FILENO);
 }
 
-// `stdin_fd` is for a standard input that is not the terminal. The first terminal that a session
-// leader opens becomes its controlling one.
+// `stdin_fd` is for a standard input that is not the terminal.
 void PtyProcess::spawn(const std::vector<std::string> &command,
                        const std::array<bool, 3> &on_terminal, int stdin_fd) {
-    std::vector<char *> words;
-    words.reserve(command.size() + 1);
-    for (const std::string &word : command)
-        words.push_back(const_cast<char *>(word.c_str()));
-    words.push_back(nullptr);
-
-    posix_spawn_file_actions_t actions;
-    posix_spawn_file_actions_init(&actions);
-    if (!on_terminal[STDIN_FILENO])
-        posix_spawn_file_actions_adddup2(&actions, stdin_fd, STDIN_FILENO);
-    int opened = -1;
-    for (int fd = STDIN_FILENO; fd <= STDERR_FILENO; ++fd) {
-        if (!on_terminal.at(static_cast<std::size_t>(fd)))
-            continue;
-        if (opened < 0)
-            posix_spawn_file_actions_addopen(&actions, fd, terminal_name_.c_str(), O_RDWR, 0);
-        else
-            posix_spawn_file_actions_adddup2(&actions, opened, fd);
-        opened = fd;
+    const UniqueFd side(check(program_side(terminal_).release(), "TIOCGPTPEER"));
+    pid_ = check(fork(), "fork");
+    if (pid_ == 0) {
+        setsid();
+        ioctl(side.get(), TIOCSCTTY, 0);
+        dup2(on_terminal[STDIN_FILENO] ? side.get() : stdin_fd, STDIN_FILENO);
+        for (const int fd : {STDOUT_FILENO, STDERR_FILENO}) {
+            if (on_terminal.at(static_cast<std::size_t>(fd)))
+                dup2(side.get(), fd);
+        }
+        become(command);
     }
-
-    posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    sigset_t none;
-    sigemptyset(&none);
-    sigset_t defaults;
-    sigfillset(&defaults);
-    posix_spawnattr_setsigmask(&attributes, &none);
-    posix_spawnattr_setsigdefault(&attributes, &defaults);
-    posix_spawnattr_setflags(&attributes,
-                             POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-
-    const int error = posix_spawnp(&pid_, words[0], &actions, &attributes, words.data(), environ);
-    posix_spawnattr_destroy(&attributes);
-    posix_spawn_file_actions_destroy(&actions);
-    if (error != 0)
-        throw std::system_error(error, std::generic_category(), command[0]);
-    process_.reset(static_cast<int>(syscall(SYS_pidfd_open, pid_, 0)));
-    check(process_.get(), "pidfd_open");
+    process_.reset(check(static_cast<int>(syscall(SYS_pidfd_open, pid_, 0)), "pidfd_open"));
 }
 
 PtyProcess::~PtyProcess() {
@@ -192,8 +151,8 @@ bool PtyProcess::reads_single_characters() const {
 // Polling the program's side makes the kernel deliver what is still on its way to it, so that "not
 // readable" means "read".
 bool PtyProcess::input_is_drained() const {
-    const UniqueFd program_side(open(terminal_name_.c_str(), O_RDWR | O_NOCTTY | O_CLOEXEC));
-    return !program_side || !poll_for(program_side.get(), POLLIN, 0);
+    const UniqueFd side = program_side(terminal_);
+    return !side || !poll_for(side.get(), POLLIN, 0);
 }
 
 int PtyProcess::wait_exit(std::chrono::milliseconds limit) {
@@ -203,7 +162,7 @@ int PtyProcess::wait_exit(std::chrono::milliseconds limit) {
         return -1;
     int status = 0;
     check(waitpid(pid_, &status, 0), "waitpid");
-    exit_status_ = WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    exit_status_ = session::exit_status(status);
     return exit_status_;
 }
 

@@ -81,7 +81,6 @@ private:
 
     UniqueFd terminal_; // the controlling side
     UniqueFd input_pipe_;
-    std::string terminal_name_;
     winsize window_;
     pid_t pid_ = -1;
     UniqueFd process_;

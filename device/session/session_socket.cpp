@@ -10,13 +10,22 @@ namespace session {
 namespace {
 
 constexpr std::size_t STREAMS = std::tuple_size_v<StandardStreams>;
-constexpr std::size_t MOST_BYTES = std::size_t{1}
-                                   << 20; // more than a socket passes on in one piece
+constexpr int MOST_BYTES = 1 << 20; // more than a socket passes on in one piece
 
-// Room for the descriptors that travel with a message.
-union Passengers {
-    std::array<char, CMSG_SPACE(STREAMS * sizeof(int))> bytes;
-    cmsghdr alignment;
+// A message of this text, with room for the descriptors that travel with it.
+struct Message {
+    explicit Message(std::string &text) : body{text.data(), text.size()} {
+        header.msg_iov = &body;
+        header.msg_iovlen = 1;
+        header.msg_control = passengers.data();
+        header.msg_controllen = passengers.size();
+    }
+    Message(const Message &) = delete;
+    Message &operator=(const Message &) = delete;
+
+    iovec body;
+    alignas(cmsghdr) std::array<char, CMSG_SPACE(STREAMS * sizeof(int))> passengers{};
+    msghdr header{};
 };
 
 std::optional<SessionRequest> parse_request(const std::string &text) {
@@ -29,18 +38,16 @@ std::optional<SessionRequest> parse_request(const std::string &text) {
     return SessionRequest{words.front(), {words.begin() + 1, words.end()}};
 }
 
-StandardStreams take_streams(msghdr &message) {
+StandardStreams take_streams(Message &message) {
     StandardStreams streams;
-    for (cmsghdr *header = CMSG_FIRSTHDR(&message); header != nullptr;
-         header = CMSG_NXTHDR(&message, header)) {
-        if (header->cmsg_level != SOL_SOCKET || header->cmsg_type != SCM_RIGHTS)
-            continue;
-        for (std::size_t i = 0; i < STREAMS && CMSG_LEN((i + 1) * sizeof(int)) <= header->cmsg_len;
-             ++i) {
-            int fd = -1;
-            std::memcpy(&fd, CMSG_DATA(header) + i * sizeof fd, sizeof fd);
-            streams.at(i).reset(fd);
-        }
+    const cmsghdr *header = CMSG_FIRSTHDR(&message.header);
+    if (header == nullptr || header->cmsg_type != SCM_RIGHTS)
+        return streams;
+    for (std::size_t i = 0; i < STREAMS && CMSG_LEN((i + 1) * sizeof(int)) <= header->cmsg_len;
+         ++i) {
+        int fd = -1;
+        std::memcpy(&fd, CMSG_DATA(header) + i * sizeof fd, sizeof fd);
+        streams.at(i).reset(fd);
     }
     return streams;
 }
@@ -52,14 +59,8 @@ bool send_request(int connection, const SessionRequest &request) {
     for (const std::string &word : request.command)
         text.append(word) += '\0';
 
-    iovec body{text.data(), text.size()};
-    Passengers passengers{};
-    msghdr message{};
-    message.msg_iov = &body;
-    message.msg_iovlen = 1;
-    message.msg_control = passengers.bytes.data();
-    message.msg_controllen = passengers.bytes.size();
-    cmsghdr *header = CMSG_FIRSTHDR(&message);
+    Message message(text);
+    cmsghdr *header = CMSG_FIRSTHDR(&message.header);
     header->cmsg_level = SOL_SOCKET;
     header->cmsg_type = SCM_RIGHTS;
     header->cmsg_len = CMSG_LEN(STREAMS * sizeof(int));
@@ -67,21 +68,14 @@ bool send_request(int connection, const SessionRequest &request) {
     std::memcpy(CMSG_DATA(header), FDS.data(), sizeof FDS);
 
     // Room for a long command line.
-    constexpr int BUFFER_SIZE = MOST_BYTES;
-    setsockopt(connection, SOL_SOCKET, SO_SNDBUF, &BUFFER_SIZE, sizeof BUFFER_SIZE);
-    return sendmsg(connection, &message, MSG_NOSIGNAL) == static_cast<ssize_t>(text.size());
+    setsockopt(connection, SOL_SOCKET, SO_SNDBUF, &MOST_BYTES, sizeof MOST_BYTES);
+    return sendmsg(connection, &message.header, MSG_NOSIGNAL) == static_cast<ssize_t>(text.size());
 }
 
 SessionMessage receive_message(int connection) {
     std::string text(MOST_BYTES, '\0');
-    iovec body{text.data(), text.size()};
-    Passengers passengers{};
-    msghdr message{};
-    message.msg_iov = &body;
-    message.msg_iovlen = 1;
-    message.msg_control = passengers.bytes.data();
-    message.msg_controllen = passengers.bytes.size();
-    const ssize_t length = recvmsg(connection, &message, MSG_CMSG_CLOEXEC | MSG_DONTWAIT);
+    Message message(text);
+    const ssize_t length = recvmsg(connection, &message.header, MSG_CMSG_CLOEXEC | MSG_DONTWAIT);
     if (length < 0)
         return {.ended = errno != EAGAIN && errno != EINTR};
     text.resize(static_cast<std::size_t>(length));

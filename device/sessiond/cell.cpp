@@ -8,6 +8,7 @@
 // program's (128 + the signal, if it was killed).
 
 #include "process_tree.h"
+#include "session/process.h"
 
 #include <array>
 #include <cerrno>
@@ -81,5 +82,5 @@ int main(int argc, char **argv) {
         require(ended < 0 && errno != EINTR ? -1 : 0, "waitpid");
     }
     kill_descendants();
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+    return session::exit_status(status);
 }

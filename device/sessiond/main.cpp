@@ -14,7 +14,6 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/prctl.h>
-#include <sys/signalfd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -27,19 +26,7 @@ constexpr int MOST_INHERITED = 256;
 void keep_to_itself() {
     for (int fd = STDERR_FILENO + 1; fd < MOST_INHERITED; ++fd)
         fcntl(fd, F_SETFD, FD_CLOEXEC);
-    for (int number = 1; number < NSIG; ++number)
-        std::signal(number, SIG_DFL);
     umask(S_IWGRP | S_IWOTH);
-}
-
-UniqueFd blocked_signals() {
-    sigset_t blocked;
-    sigemptyset(&blocked);
-    sigaddset(&blocked, SIGCHLD);
-    sigaddset(&blocked, SIGTERM);
-    sigprocmask(SIG_SETMASK, &blocked, nullptr);
-    sigdelset(&blocked, SIGCHLD);
-    return UniqueFd(signalfd(-1, &blocked, SFD_CLOEXEC));
 }
 
 } // namespace
@@ -54,13 +41,11 @@ int main(int argc, char **argv) {
     dup2(errors, STDERR_FILENO);
     keep_to_itself();
     adopt_orphans();
-    const UniqueFd stop = blocked_signals();
     const pid_t parent = getppid();
-    prctl(PR_SET_PDEATHSIG, SIGTERM);
-
     SessionServer server(std::atoi(argv[1]));
+    prctl(PR_SET_PDEATHSIG, SIGTERM);
     server.boot("/sbin/boot", UniqueFd(std::atoi(argv[2])));
-    const int status = server.run(stop.get());
+    const int status = server.run();
     if (getppid() != parent) // which else sees to what this leaves behind
         kill_descendants();
     return status;

@@ -1,5 +1,7 @@
 #include "session_server.h"
 
+#include "session/process.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
@@ -30,35 +32,18 @@ constexpr int LOOK_INTERVAL_MS = 100;
 
 constexpr int NOT_FOUND_STATUS = 127;
 
-int exit_status(int status) {
-    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
-}
-
-UniqueFd child_signals() {
-    sigset_t child;
-    sigemptyset(&child);
-    sigaddset(&child, SIGCHLD);
-    return UniqueFd(signalfd(-1, &child, SFD_CLOEXEC | SFD_NONBLOCK));
+UniqueFd watched_signals() {
+    sigset_t signals;
+    sigemptyset(&signals);
+    sigaddset(&signals, SIGCHLD);
+    sigaddset(&signals, SIGTERM);
+    sigprocmask(SIG_SETMASK, &signals, nullptr);
+    return UniqueFd(signalfd(-1, &signals, SFD_CLOEXEC | SFD_NONBLOCK));
 }
 
 void reply(const UniqueFd &connection, SessionEvent event, int status) {
     const SessionReply message{event, status};
     send(connection.get(), &message, sizeof message, MSG_NOSIGNAL | MSG_DONTWAIT);
-}
-
-// What a child does last.
-[[noreturn]] void become(const std::vector<std::string> &command) {
-    sigset_t none;
-    sigemptyset(&none);
-    sigprocmask(SIG_SETMASK, &none, nullptr);
-    std::vector<char *> words;
-    words.reserve(command.size() + 1);
-    for (const std::string &word : command)
-        words.push_back(const_cast<char *>(word.c_str()));
-    words.push_back(nullptr);
-    execvp(words[0], words.data());
-    std::fprintf(stderr, "%s: %s\n", words[0], std::strerror(errno));
-    _exit(NOT_FOUND_STATUS);
 }
 
 // A child that leads a session of its own; the terminal, if there is one among its streams, is its
@@ -72,46 +57,47 @@ void reply(const UniqueFd &connection, SessionEvent event, int status) {
             break;
     }
     setenv("TERM", request.terminal_type.c_str(), 1);
-    become(request.command);
+    session::become(request.command);
 }
 
 } // namespace
+
+SessionServer::SessionServer(int listener) : listener_(listener), signals_(watched_signals()) {}
 
 void SessionServer::boot(const char *program, UniqueFd ready) {
     ready_ = std::move(ready);
     booting_ = fork();
     if (booting_ == 0)
-        become({program});
+        session::become({program});
     if (booting_ < 0) {
         std::perror("fork");
         boot_failure_ = 1;
     }
 }
 
-int SessionServer::run(int stop) {
-    const UniqueFd signals = child_signals();
+int SessionServer::run() {
     std::vector<pollfd> watched;
     for (;;) {
         accept_clients();
         if (boot_failure_ || !someone_is_connected())
             return boot_failure_.value_or(0);
-        watched = {{signals.get(), POLLIN, 0}, {stop, POLLIN, 0}, {listener_, POLLIN, 0}};
+        watched = {{signals_.get(), POLLIN, 0}, {listener_, POLLIN, 0}};
         // While the device comes up, requests wait; that a client leaves shows all the same.
         const short wanted = booting_ > 0 ? 0 : POLLIN;
         for (const Session &each : sessions_)
             watched.push_back({each.connection.get(), wanted, 0});
         if (poll(watched.data(), watched.size(), wait_limit()) < 0)
             continue;
-        if (watched[1].revents != 0)
-            return 0;
-        auto event = watched.cbegin() + 3;
+        auto event = watched.cbegin() + 2;
         for (Session &each : sessions_) {
             if ((event++)->revents != 0)
                 serve(each);
         }
-        signalfd_siginfo ignored;
-        while (read(signals.get(), &ignored, sizeof ignored) > 0)
-            ;
+        signalfd_siginfo signal;
+        while (read(signals_.get(), &signal, sizeof signal) > 0) {
+            if (signal.ssi_signo == SIGTERM)
+                return 0;
+        }
         reap_children();
         kill_overdue();
         std::erase_if(sessions_,
@@ -172,12 +158,12 @@ void SessionServer::reap_children() {
     pid_t pid = 0;
     while ((pid = waitpid(-1, &status, WNOHANG)) > 0) {
         if (pid == booting_)
-            note_boot(exit_status(status));
+            note_boot(session::exit_status(status));
         const auto ended = std::ranges::find(sessions_, pid, &Session::leader);
         if (ended == sessions_.end())
             continue;
         ended->leader = -1;
-        reply(ended->connection, SessionEvent::ENDED, exit_status(status));
+        reply(ended->connection, SessionEvent::ENDED, session::exit_status(status));
     }
 }
 

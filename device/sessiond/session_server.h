@@ -10,16 +10,16 @@
 
 class SessionServer {
 public:
-    // `listener`: a listening, non-blocking socket of whole messages. SIGCHLD has to be blocked.
-    explicit SessionServer(int listener) : listener_(listener) {}
+    // `listener`: a listening, non-blocking socket of whole messages. Blocks SIGCHLD and SIGTERM.
+    explicit SessionServer(int listener);
 
     // Starts the program that brings the device up. Sessions begin once it has ended well; then
     // `ready` is closed, with a byte written to it before.
     void boot(const char *program, UniqueFd ready);
 
-    // Serves, and reaps every child, until nobody is connected or `stop` is readable. Result: the
-    // status to end with, 0 unless the boot failed.
-    int run(int stop);
+    // Serves, and reaps every child, until nobody is connected or SIGTERM comes. Result: the status
+    // to end with, 0 unless the boot failed.
+    int run();
 
 private:
     using Clock = std::chrono::steady_clock;
@@ -41,6 +41,7 @@ private:
     [[nodiscard]] int wait_limit() const;
 
     int listener_;
+    UniqueFd signals_;
     UniqueFd ready_; // while the device comes up
     pid_t booting_ = -1;
     std::optional<int> boot_failure_{};
