@@ -339,7 +339,7 @@ void write_programs(std::ostream &out, const std::vector<Topic> &topics) {
         out << separator << troff_line(program);
         separator = ",\n";
     }
-    out << ";\nand xmldbc while the console is tunnelled.\n";
+    out << ".\n";
 }
 
 } // namespace

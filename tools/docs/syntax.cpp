@@ -71,6 +71,8 @@ std::vector<SyntaxLine> read_syntax_lines(const std::string &file) {
         ++number;
         if (text.empty() || text[0] == '#')
             continue;
+        for (std::string more; stream.peek() == ' ' && std::getline(stream, more); ++number)
+            text += more;
         const std::vector<std::string> columns = split_columns(text);
         if (columns.size() < 2) {
             std::cerr << file << ':' << number << ": no example\n";

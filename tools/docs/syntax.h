@@ -8,8 +8,8 @@
 // separated by semicolons, that prepare the example: commands, or "PATH = VALUE" for a node of the
 // database; after a third one other words to show in its place. A command that takes one of several
 // forms has several lines, and may have several examples of one form; one that refuses all words
-// has a line without words and example. Empty lines and those that begin with # do not count. The
-// words:
+// has a line without words and example. A line that begins with a blank goes on with the one
+// before. Empty lines and those that begin with # do not count. The words:
 //
 //     enable|disable     one of these, as it stands
 //     <name>             a word of the kind that the name says

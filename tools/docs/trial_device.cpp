@@ -122,8 +122,9 @@ void set_trial_node(const std::string &path, const std::string &value) {
     device.has_changed = true;
 }
 
-Answer type_line(const std::string &line) {
+Answer type_line(const std::string &line, bool sees_pending) {
     device.answer = {};
+    pending_apply = sees_pending ? pending_apply : 0;
     debug_locked = 0;
     const auto cli = std::make_unique<CliContext>();
     std::string words = line;

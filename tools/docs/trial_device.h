@@ -34,8 +34,9 @@ void restart_trial_device();
 // Sets a node, as it had been before.
 void set_trial_node(const std::string &path, const std::string &value);
 
-// Types a line at the prompt, with the debug level unlocked, and collects what comes of it.
-Answer type_line(const std::string &line);
+// Types a line at the prompt, with the debug level unlocked, and collects what comes of it; the
+// bits that were set before only when it may see them.
+Answer type_line(const std::string &line, bool sees_pending = true);
 
 // The command lines that `set apply` runs for one of its bits, without saving the settings.
 std::vector<std::string> apply_commands(std::uint32_t bit);
