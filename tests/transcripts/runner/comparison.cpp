@@ -20,7 +20,13 @@ bool describes(const std::string &expected, const std::string &happened) {
 } // namespace
 
 std::vector<std::string> keep_patterns(const std::vector<std::string> &expected,
-                                       const std::vector<std::string> &happened) {
+                                       std::vector<std::string> happened) {
+    constexpr std::string_view REST = "  ...";
+    if (!expected.empty() && expected.back() == REST && happened.size() >= expected.size() &&
+        happened[expected.size() - 1].starts_with("  ")) {
+        happened.resize(expected.size());
+        happened.back() = REST;
+    }
     // common[i][j]: the most lines that expected from i and happened from j can have in common.
     std::vector<std::vector<std::size_t>> common(expected.size() + 1,
                                                  std::vector<std::size_t>(happened.size() + 1, 0));
