@@ -6,18 +6,6 @@ fail() {
     exit 1
 }
 
-check_host() {
-    case $1 in
-    *[!0-9.]* | '') fail "bad address '$1'" ;;
-    esac
-}
-
-check_file() {
-    case $1 in
-    '' | */* | . | ..) fail "server error: bad file name '$1'" ;;
-    esac
-}
-
 # fetch FILE LOCAL
 fetch() {
     [ -f "/server/$1" ] || fail "server error: file not found: $1"
@@ -53,4 +41,21 @@ get_firmware() {
     echo "echo 'The new firmware would start now.'" >/var/run/reboot
     did "write the firmware $1 of $size bytes"
     echo "${0##*/}: firmware $1 written, please reboot the device"
+}
+
+# transfer ACTION HOST FILE [LOCAL]: the action is the letter of the tool's option.
+transfer() {
+    case $2 in
+    *[!0-9.]* | '') fail "bad address '$2'" ;;
+    esac
+    case $3 in
+    '' | */* | . | ..) fail "server error: bad file name '$3'" ;;
+    esac
+    case $1 in
+    d) get_config "$3" ;;
+    f) get_firmware "$3" ;;
+    t) put_config "$3" ;;
+    g) fetch "$3" "$4" ;;
+    p) send "$4" "$3" ;;
+    esac
 }
