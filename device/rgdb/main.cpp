@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <string_view>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
@@ -52,16 +51,6 @@ UniqueFd connect_to_daemon() {
     return {};
 }
 
-bool send_all(int fd, std::string_view bytes) {
-    while (!bytes.empty()) {
-        const ssize_t sent = send(fd, bytes.data(), bytes.size(), MSG_NOSIGNAL);
-        if (sent < 0)
-            return false;
-        bytes.remove_prefix(static_cast<std::size_t>(sent));
-    }
-    return true;
-}
-
 // The daemon's reply to one request; "" when there was none (no reply of the daemon is empty).
 std::string request(std::uint16_t action, std::uint32_t flags, std::string text) {
     text += '\0';
@@ -74,8 +63,11 @@ std::string request(std::uint16_t action, std::uint32_t flags, std::string text)
         return {};
     const XmldbRequestHeader header{action, static_cast<std::uint16_t>(text.size()), flags, {}};
     std::string bytes(reinterpret_cast<const char *>(&header), sizeof header);
+    bytes += text;
     std::string reply;
-    if (send_all(daemon.get(), bytes + text) && shutdown(daemon.get(), SHUT_WR) == 0) {
+    // A blocking socket takes all of it.
+    if (send(daemon.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL) > 0 &&
+        shutdown(daemon.get(), SHUT_WR) == 0) {
         char buffer[4096];
         ssize_t length = 0;
         while ((length = read(daemon.get(), buffer, sizeof buffer)) > 0)
@@ -97,25 +89,20 @@ int change(std::uint16_t action, std::uint32_t flags, const std::string &text) {
     return status.result == -1 ? complain(text.c_str(), "refused") : 0;
 }
 
-// The exit status of a request that is answered by a text, which goes to `out` with `ending`.
-int show(std::uint16_t action, const char *text, const char *ending, std::FILE *out) {
+// The exit status of a request that is answered by a text, which is printed with `ending`.
+int show(std::uint16_t action, const char *text, const char *ending) {
     const std::string reply = request(action, 0, text);
     if (reply.empty())
         return 1;
-    const bool written = std::fputs(reply.c_str(), out) >= 0 && std::fputs(ending, out) >= 0 &&
-                         std::fflush(out) == 0;
+    const bool written = std::fputs(reply.c_str(), stdout) >= 0 &&
+                         std::fputs(ending, stdout) >= 0 && std::fflush(stdout) == 0;
     return written ? 0 : complain("write", std::strerror(errno));
 }
 
 int dump(const char *selection, const char *file) {
-    if (std::strcmp(file, "-") == 0)
-        return show(XMLDB_DUMP, selection, "", stdout);
-    std::FILE *out = std::fopen(file, "we");
-    if (out == nullptr)
+    if (std::strcmp(file, "-") != 0 && std::freopen(file, "we", stdout) == nullptr)
         return complain(file, std::strerror(errno));
-    const int status = show(XMLDB_DUMP, selection, "", out);
-    std::fclose(out);
-    return status;
+    return show(XMLDB_DUMP, selection, "");
 }
 
 int merge(std::uint32_t flags, const char *file) {
@@ -137,7 +124,7 @@ int merge(std::uint32_t flags, const char *file) {
     return status;
 }
 
-// The file's name as the daemon finds it, which works in a directory of its own.
+// The file's name for the daemon, which works in a directory of its own.
 std::string absolute(const char *file) {
     char directory[4096];
     if (file[0] == '/' || getcwd(directory, sizeof directory) == nullptr)
@@ -158,7 +145,7 @@ int main(int argc, char **argv) {
         case 'i':
             break;
         case 'g':
-            return show(XMLDB_GET, optarg, "\n", stdout);
+            return show(XMLDB_GET, optarg, "\n");
         case 's':
             if (optind == argc)
                 break;

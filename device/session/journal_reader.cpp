@@ -26,8 +26,7 @@ JournalReader::JournalReader(std::string path)
     : path_(std::move(path)), file_(open_file()), offset_(status_of(file_).st_size) {}
 
 UniqueFd JournalReader::open_file() const {
-    UniqueFd file(
-        open(path_.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
+    UniqueFd file(open(path_.c_str(), O_RDONLY | O_NOFOLLOW | O_NONBLOCK | O_NOCTTY | O_CLOEXEC));
     return S_ISREG(status_of(file).st_mode) ? std::move(file) : UniqueFd();
 }
 

@@ -3,8 +3,10 @@
 #include "session/transcript_text.h"
 
 #include <algorithm>
+#include <array>
 #include <optional>
 #include <stdexcept>
+#include <utility>
 
 namespace session {
 
@@ -40,21 +42,20 @@ bool is_printable(char byte) {
     return byte >= ' ' && byte <= '~';
 }
 
+constexpr std::array<std::pair<LineKind, StepKind>, 5> STEP_LINES{{
+    {LineKind::COMMAND, StepKind::COMMAND},
+    {LineKind::KEYS, StepKind::KEYS},
+    {LineKind::GIVEN, StepKind::GIVEN},
+    {LineKind::STOP, StepKind::STOP},
+    {LineKind::END_OF_INPUT, StepKind::END_OF_INPUT},
+}};
+
 std::optional<StepKind> step_kind(LineKind kind) {
-    switch (kind) {
-    case LineKind::COMMAND:
-        return StepKind::COMMAND;
-    case LineKind::KEYS:
-        return StepKind::KEYS;
-    case LineKind::GIVEN:
-        return StepKind::GIVEN;
-    case LineKind::STOP:
-        return StepKind::STOP;
-    case LineKind::END_OF_INPUT:
-        return StepKind::END_OF_INPUT;
-    default:
-        return std::nullopt;
+    for (const auto &[line, step] : STEP_LINES) {
+        if (line == kind)
+            return step;
     }
+    return std::nullopt;
 }
 
 void Parser::take(std::string_view line) {
@@ -162,35 +163,16 @@ Step &Parser::last_step() {
     return scenario().steps.back();
 }
 
-void append_line(std::string &text, std::string_view word, std::string_view rest = {}) {
-    text.append(word).append(rest) += '\n';
-}
-
 void append_lines(std::string &text, const std::vector<std::string> &lines,
                   std::string_view word = {}) {
     for (const std::string &line : lines)
-        append_line(text, word, line);
+        text.append(word).append(line) += '\n';
 }
 
 void append_head(std::string &text, const Step &step) {
-    switch (step.kind) {
-    case StepKind::START:
-        break;
-    case StepKind::COMMAND:
-        append_line(text, step.text.empty() ? "WAP->" : "WAP-> ", step.text);
-        break;
-    case StepKind::KEYS:
-        append_line(text, "keys ", step.text);
-        break;
-    case StepKind::GIVEN:
-        append_line(text, "given ", step.text);
-        break;
-    case StepKind::STOP:
-        append_line(text, "stop xmldb");
-        break;
-    case StepKind::END_OF_INPUT:
-        append_line(text, "end of input");
-        break;
+    for (const auto &[line, kind] : STEP_LINES) {
+        if (kind == step.kind)
+            text.append(keyword_line(line, step.text)) += '\n';
     }
 }
 
@@ -214,10 +196,10 @@ Transcript parse_transcript(std::string_view text) {
 
 std::string render_scenario(const Scenario &scenario) {
     std::string text;
-    append_line(text, "# ", scenario.title);
+    append_lines(text, {scenario.title}, "# ");
     append_lines(text, scenario.comments);
     if (scenario.piped)
-        append_line(text, "piped");
+        append_lines(text, {"piped"});
     append_lines(text, scenario.boot, "boot ");
     for (std::size_t i = 0; i < scenario.steps.size(); ++i) {
         const Step &step = scenario.steps[i];

@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cstdio>
 #include <utility>
 
 namespace session {
@@ -38,8 +39,8 @@ constexpr std::array KEYWORDS{
     Keyword{LineKind::BOOT, "boot ", true},
     Keyword{LineKind::GIVEN, "given ", true},
     Keyword{LineKind::STOP, "stop xmldb", false},
-    Keyword{LineKind::COMMAND, "WAP-> ", true},
     Keyword{LineKind::COMMAND, "WAP->", false},
+    Keyword{LineKind::COMMAND, "WAP-> ", true},
     Keyword{LineKind::CHILD_INPUT, "< ", true},
     Keyword{LineKind::KEYS, "keys ", true},
     Keyword{LineKind::PATTERN, "~ ", true},
@@ -55,12 +56,10 @@ const Keyword *find_keyword(std::string_view line) {
     return found == KEYWORDS.end() ? nullptr : found;
 }
 
-void append_hex(std::string &text, char byte) {
-    static constexpr std::string_view DIGITS = "0123456789abcdef";
-    const auto value = static_cast<unsigned char>(byte);
-    text += "\\x";
-    text += DIGITS[value >> 4U];
-    text += DIGITS[value & 0xfU];
+std::string hex(unsigned byte) {
+    char text[sizeof "\\x00"];
+    std::snprintf(text, sizeof text, "\\x%02x", byte);
+    return text;
 }
 
 std::string escape(std::string_view bytes, std::size_t key_escapes) {
@@ -76,7 +75,7 @@ std::string escape(std::string_view bytes, std::size_t key_escapes) {
         else if (byte == '\t' || (byte >= ' ' && byte <= '~'))
             text += byte;
         else
-            append_hex(text, byte);
+            text += hex(static_cast<unsigned char>(byte));
     }
     return text;
 }
@@ -155,6 +154,13 @@ std::string_view line_argument(std::string_view line) {
     return keyword ? line.substr(keyword->text.size()) : line;
 }
 
+std::string keyword_line(LineKind kind, std::string_view argument) {
+    const auto *const keyword = std::ranges::find_if(KEYWORDS, [&](const Keyword &each) {
+        return each.kind == kind && (each.takes_argument || argument.empty());
+    });
+    return std::string(keyword->text).append(argument);
+}
+
 std::vector<std::string> output_lines(std::string_view printed) {
     std::vector<std::string> lines;
     while (!printed.empty()) {
@@ -171,7 +177,7 @@ std::string journal_line(std::string_view line) {
 }
 
 std::string exit_line(int status) {
-    return "exited " + std::to_string(status);
+    return keyword_line(LineKind::EXITED, std::to_string(status));
 }
 
 std::optional<std::string> normal_line(std::string_view line) {

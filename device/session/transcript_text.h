@@ -40,6 +40,9 @@ LineKind line_kind(std::string_view line);
 // What stands behind the word that makes `line` one of its kind.
 std::string_view line_argument(std::string_view line);
 
+// A line of a kind that a word makes, with what stands behind the word.
+std::string keyword_line(LineKind kind, std::string_view argument);
+
 // What a program printed, as transcript lines: a last line without newline ends in "\c", a line
 // that could be taken for another kind begins with "\&". An empty line is an empty text.
 std::vector<std::string> output_lines(std::string_view printed);

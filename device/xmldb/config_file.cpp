@@ -10,6 +10,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <filesystem>
+#include <sstream>
 #include <sys/stat.h>
 #include <unistd.h>
 #include <utility>
@@ -150,24 +151,7 @@ bool parse_xml(std::string_view document, NodeTree &tree) {
            parse_elements(xml.child(ROOT_ELEMENT), "", tree);
 }
 
-struct StringWriter final : pugi::xml_writer {
-    std::string text;
-    void write(const void *data, std::size_t size) override {
-        text.append(static_cast<const char *>(data), size);
-    }
-};
-
 // ---- files
-
-bool write_all(int fd, std::string_view text) {
-    while (!text.empty()) {
-        const ssize_t written = write(fd, text.data(), text.size());
-        if (written < 0)
-            return false;
-        text.remove_prefix(static_cast<std::size_t>(written));
-    }
-    return true;
-}
 
 // A rename lasts through a loss of power once the directory is on the disk.
 bool sync_directory_of(const std::string &file) {
@@ -200,9 +184,9 @@ std::string tree_to_xml(const NodeTree &tree, Selection selection) {
         if (is_listed(node, selection))
             element_at(root, node.first).append_attribute("value") = node.second.c_str();
     }
-    StringWriter writer;
-    xml.save(writer, "  ", pugi::format_default, pugi::encoding_utf8);
-    return std::move(writer.text);
+    std::ostringstream text;
+    xml.save(text, "  ", pugi::format_default, pugi::encoding_utf8);
+    return text.str();
 }
 
 std::optional<NodeTree> parse_tree(std::string_view document) {
@@ -232,8 +216,9 @@ bool replace_file(const std::string &file, std::string_view text) {
     const UniqueFd fd(open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, FILE_MODE));
     if (!fd)
         return false;
-    const bool replaced = write_all(fd.get(), text) && fsync(fd.get()) == 0 &&
-                          rename(fresh.c_str(), file.c_str()) == 0;
+    const bool replaced =
+        write(fd.get(), text.data(), text.size()) == static_cast<ssize_t>(text.size()) &&
+        fsync(fd.get()) == 0 && rename(fresh.c_str(), file.c_str()) == 0;
     if (!replaced)
         unlink(fresh.c_str());
     return replaced && sync_directory_of(file);

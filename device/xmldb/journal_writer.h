@@ -3,15 +3,10 @@
 
 #include "config/unique_fd.h"
 
-#include <string>
 #include <string_view>
 
 // Where the stand-in device keeps its journal.
 inline constexpr char JOURNAL_FILE[] = "/var/journal";
-
-// "WHAT TEXT\n" as it stands in the journal: control characters of the text are escaped (\n, \t,
-// \r or \xNN), so that an entry is one line.
-std::string journal_line(std::string_view what, std::string_view text);
 
 class JournalWriter {
 public:
@@ -19,7 +14,8 @@ public:
     // A journal that cannot be opened or written complains on standard error and holds up nobody.
     explicit JournalWriter(const char *file);
 
-    // Appends one entry, in a single write.
+    // Appends the entry "WHAT TEXT\n" in a single write. Control characters of the text are escaped
+    // (\n, \t, \r or \xNN), so that an entry is one line.
     void record(std::string_view what, std::string_view text) const;
 
 private:
