@@ -11,10 +11,9 @@
 #include "session/process.h"
 
 #include <array>
-#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
+#include <exception>
 #include <grp.h>
 #include <linux/capability.h>
 #include <sys/prctl.h>
@@ -22,45 +21,41 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+using session::check;
+
 namespace {
 
 constexpr int USAGE_STATUS = 2;
 constexpr int FAILURE_STATUS = 126;
 
-// Ends the process unless `result` is that of a success.
-void require(int result, const char *what) {
-    if (result >= 0)
-        return;
-    std::fprintf(stderr, "cell: %s: %s\n", what, std::strerror(errno));
-    _exit(FAILURE_STATUS);
-}
-
-// The bounding set is what a program could gain, the others what this process has. A set that may
-// not be changed is out of reach all the same: no program gains anything from here on.
-void drop_capabilities() {
-    require(prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0), "no new privileges");
+[[noreturn]] void enter(const char *directory, unsigned user,
+                        const std::vector<std::string> &program) {
+    check(chroot(directory), directory);
+    check(chdir("/"), directory);
+    // A bounding set that cannot be changed does no harm: no program gains anything from here on.
+    check(prctl(PR_SET_NO_NEW_PRIVS, 1, 0, 0, 0), "no new privileges");
     for (int capability = 0; prctl(PR_CAPBSET_READ, capability) >= 0; ++capability)
         prctl(PR_CAPBSET_DROP, capability);
-}
-
-void drop_own_capabilities() {
+    check(setgroups(0, nullptr), "setgroups");
+    check(setresgid(user, user, user), "setresgid");
+    check(setresuid(user, user, user), "setresuid");
     prctl(PR_CAP_AMBIENT, PR_CAP_AMBIENT_CLEAR_ALL, 0, 0, 0);
     __user_cap_header_struct header{_LINUX_CAPABILITY_VERSION_3, 0};
     std::array<__user_cap_data_struct, _LINUX_CAPABILITY_U32S_3> none{};
-    require(static_cast<int>(syscall(SYS_capset, &header, none.data())), "capset");
+    check(static_cast<int>(syscall(SYS_capset, &header, none.data())), "capset");
+    session::become(program);
 }
 
-[[noreturn]] void enter(const char *directory, unsigned user, char **program) {
-    require(chroot(directory), directory);
-    require(chdir("/"), directory);
-    drop_capabilities();
-    require(setgroups(0, nullptr), "setgroups");
-    require(setresgid(user, user, user), "setresgid");
-    require(setresuid(user, user, user), "setresuid");
-    drop_own_capabilities();
-    execv(program[0], program);
-    require(-1, program[0]);
-    std::abort();
+int run(const char *directory, unsigned user, const std::vector<std::string> &program) {
+    adopt_orphans();
+    const pid_t child = check(fork(), "fork");
+    if (child == 0)
+        enter(directory, user, program);
+    int status = 0;
+    while (check(waitpid(-1, &status, 0), "waitpid") != child)
+        ;
+    kill_descendants();
+    return session::exit_status(status);
 }
 
 } // namespace
@@ -71,16 +66,10 @@ int main(int argc, char **argv) {
         std::fputs("usage: cell DIRECTORY USER PROGRAM [ARGUMENT...]\n", stderr);
         return USAGE_STATUS;
     }
-    adopt_orphans();
-    const pid_t child = fork();
-    require(child, "fork");
-    if (child == 0)
-        enter(argv[1], static_cast<unsigned>(user), argv + 3);
-    int status = 0;
-    for (pid_t ended = 0; ended != child;) {
-        ended = waitpid(-1, &status, 0);
-        require(ended < 0 && errno != EINTR ? -1 : 0, "waitpid");
+    try {
+        return run(argv[1], static_cast<unsigned>(user), {argv + 3, argv + argc});
+    } catch (const std::exception &error) {
+        std::fprintf(stderr, "cell: %s\n", error.what());
+        return FAILURE_STATUS;
     }
-    kill_descendants();
-    return session::exit_status(status);
 }

@@ -228,6 +228,24 @@ TEST_P(StandIn, HasATerminalOfItsOwn) {
     EXPECT_EQ(run("[ -t 0 ] || [ -t 1 ] || [ -t 2 ] || echo pipes"), "pipes\n");
 }
 
+TEST_P(StandIn, RecordsASessionUpToItsReboot) {
+    OnTerminal console({device_root + "/../session/wap-session", "--record", scratch.file("record"),
+                        "--journal", state + "/var/journal", "--", device_scripts + "/enter",
+                        "--own-terminal", "--root", device_root, "--program", console_program,
+                        "--state", state});
+    console.expect("WAP-> ");
+    console.type("orvik kqv80417", "WAP-> ");
+    console.type("shell", "built-in shell");
+    console.resize({20, 50, 0, 0});
+    console.type("stty size; exit", "20 50");
+    console.expect("WAP-> ");
+    console.type("reboot", "going down");
+    EXPECT_EQ(console.status(), 128 + SIGTERM);
+    EXPECT_TRUE(console.is_as_found());
+    EXPECT_EQ(outside("grep reboot " + state + "/var/journal"), "ran reboot\ndid reboot\n");
+    EXPECT_EQ(outside("grep -c reboot " + scratch.file("record")), "3\n");
+}
+
 TEST_P(StandIn, LeavesTheTerminalAsItWas) {
     for (const int number : {SIGTERM, SIGHUP, SIGINT, SIGKILL}) {
         OnTerminal console(shell());
