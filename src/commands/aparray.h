@@ -1,9 +1,9 @@
 // Membership of an access-point array, and which settings the array keeps in step.
 #pragma once
 
-#include "commands/shared/array_sync_rows.h"
 #include "commands/shared/rows.h"
 #include "config/apply.h"
+#include "config/sync_items.h"
 #include "shell/dispatch.h"
 
 // A name of at most 32 characters. Echoes it even when it then refuses it.
@@ -41,11 +41,32 @@ inline constinit auto array_role_rows = command_table({
      write_fixed<"/wlan/inf:1/arrayrole_original", "3", APPLY_NEAPC, "Ap Array role: Slaver\n">},
 });
 
+// The words of the items in the order of the command tables: that of the flags, but acl last.
+consteval auto sync_words() {
+    std::array<std::string_view, SYNC_ITEM_COUNT> words{};
+    std::size_t next = 0;
+    for (const SyncItem &item : SYNC_ITEMS) {
+        const bool last = std::string_view(item.word) == "acl";
+        words[last ? SYNC_ITEM_COUNT - 1 : next++] = item.word;
+    }
+    return words;
+}
+
+// Stands before an item's word among the get rows.
+inline constexpr char SYNC_ROW_PREFIX[] = "array-sync-";
+
+inline constexpr auto SYNC_WORDS = sync_words();
+inline constexpr auto SYNC_ENABLE_HELP = texts_around<16>("enable sync ", SYNC_WORDS, " state");
+inline constexpr auto SYNC_DISABLE_HELP = texts_around<16>("disable sync ", SYNC_WORDS, " state");
+inline constexpr auto SYNC_GET_NAMES = texts_around<16>(SYNC_ROW_PREFIX, SYNC_WORDS, "");
+inline constexpr auto SYNC_GET_HELP =
+    texts_around<16>("Display AP Array sync ", SYNC_WORDS, " state");
+
 inline constinit auto array_sync_enable_rows =
-    make_table(array_sync_rows(SYNC_WORDS, SYNC_ENABLE_HELP, enable_array_sync));
+    make_table(rows_for_each(SYNC_WORDS, SYNC_ENABLE_HELP, enable_array_sync));
 
 inline constinit auto array_sync_disable_rows =
-    make_table(array_sync_rows(SYNC_WORDS, SYNC_DISABLE_HELP, disable_array_sync));
+    make_table(rows_for_each(SYNC_WORDS, SYNC_DISABLE_HELP, disable_array_sync));
 
 inline constexpr auto aparray_set_rows = command_rows({
     family("aparray-state", "Set  AP Array state", aparray_state_rows),
@@ -83,5 +104,5 @@ inline constexpr auto array_sync_band_get_rows = command_rows({
 });
 
 inline constexpr auto aparray_get_rows =
-    join_rows(array_get_rows, array_sync_rows(SYNC_GET_NAMES, SYNC_GET_HELP, get_array_sync),
+    join_rows(array_get_rows, rows_for_each(SYNC_GET_NAMES, SYNC_GET_HELP, get_array_sync),
               array_sync_band_get_rows);

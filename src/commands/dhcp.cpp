@@ -38,8 +38,10 @@ int add_to_column(const StaticColumn &column, ValueBuffer &stored, const char *t
     return mark_for_apply(APPLY_DHCPD);
 }
 
-int switch_static_lease(const StaticLease &lease, const char *state) {
-    cfg_set(state, "/lan/dhcp/server/pool:1/staticdhcp/entry:%d/enable", lease.number);
+// `leases` is the first row of the table with the row that was typed.
+int switch_static_lease(const CliCommand *leases, const char *state) {
+    const auto number = static_cast<int>(current_command - leases) + 1;
+    cfg_set(state, "/lan/dhcp/server/pool:1/staticdhcp/entry:%d/enable", number);
     return mark_for_apply(APPLY_DHCPD);
 }
 
@@ -53,13 +55,11 @@ int set_dhcp_leasetime(CliContext &cli, const char *, CliCommand *) {
 }
 
 int enable_static_lease(CliContext &, const char *, CliCommand *) {
-    return switch_static_lease(item_of_current_row(STATIC_LEASES.leases, static_lease_enable_rows),
-                               "1");
+    return switch_static_lease(static_lease_enable_rows.data(), "1");
 }
 
 int disable_static_lease(CliContext &, const char *, CliCommand *) {
-    return switch_static_lease(item_of_current_row(STATIC_LEASES.leases, static_lease_disable_rows),
-                               "0");
+    return switch_static_lease(static_lease_disable_rows.data(), "0");
 }
 
 int add_static_hostname(CliContext &cli, const char *, CliCommand *) {

@@ -8,44 +8,7 @@
 #include <algorithm>
 #include <string_view>
 
-// One static lease, and its words and help texts.
-struct StaticLease {
-    int number = 0; // 1..25
-    char word[sizeof "pool_25"] = "";
-    char enable_help[sizeof "enable dhcp staticip pool 25"] = "";
-    char disable_help[sizeof "disable dhcp staticip pool 25"] = "";
-};
-
 inline constexpr int STATIC_LEASE_COUNT = 25;
-
-struct StaticLeases {
-    StaticLease leases[STATIC_LEASE_COUNT];
-};
-
-// Writes `text` and a number of one or two digits.
-consteval void put_numbered(char *to, std::string_view text, int number) {
-    to = std::copy(text.begin(), text.end(), to);
-    if (number >= 10)
-        *to++ = static_cast<char>('0' + number / 10);
-    *to = static_cast<char>('0' + number % 10);
-}
-
-consteval StaticLeases make_static_leases() {
-    StaticLeases all;
-    int number = 0;
-    for (StaticLease &lease : all.leases) {
-        lease.number = ++number;
-        put_numbered(lease.word, "pool_", number);
-        put_numbered(lease.enable_help, "enable dhcp staticip pool ", number);
-        // One of the help texts says the opposite. Deliberate.
-        put_numbered(lease.disable_help,
-                     number == 22 ? "enable dhcp staticip pool " : "disable dhcp staticip pool ",
-                     number);
-    }
-    return all;
-}
-
-inline constexpr StaticLeases STATIC_LEASES = make_static_leases();
 
 // One word, stored as typed. Refuses a wrong number of words.
 CliHandler set_dhcp_leasetime;
@@ -60,15 +23,29 @@ CliHandler add_static_hostname;
 CliHandler add_static_ip;
 CliHandler add_static_mac;
 
+inline constexpr std::array<std::string_view, STATIC_LEASE_COUNT> STATIC_LEASE_NUMBERS = {
+    "1",  "2",  "3",  "4",  "5",  "6",  "7",  "8",  "9",  "10", "11", "12", "13",
+    "14", "15", "16", "17", "18", "19", "20", "21", "22", "23", "24", "25",
+};
+
+inline constexpr auto STATIC_LEASE_WORDS = texts_around<2>("pool_", STATIC_LEASE_NUMBERS, "");
+inline constexpr auto STATIC_LEASE_ENABLE_HELP =
+    texts_around<2>("enable dhcp staticip pool ", STATIC_LEASE_NUMBERS, "");
+
+consteval auto static_lease_disable_help() {
+    auto help = texts_around<2>("disable dhcp staticip pool ", STATIC_LEASE_NUMBERS, "");
+    // Says the opposite. Deliberate.
+    std::ranges::copy(STATIC_LEASE_ENABLE_HELP[21], help[21].begin());
+    return help;
+}
+
+inline constexpr auto STATIC_LEASE_DISABLE_HELP = static_lease_disable_help();
+
 inline constinit auto static_lease_enable_rows =
-    command_table_of(STATIC_LEASES.leases, [](const StaticLease &lease) {
-        return CliCommand{lease.word, lease.enable_help, enable_static_lease};
-    });
+    make_table(rows_for_each(STATIC_LEASE_WORDS, STATIC_LEASE_ENABLE_HELP, enable_static_lease));
 
 inline constinit auto static_lease_disable_rows =
-    command_table_of(STATIC_LEASES.leases, [](const StaticLease &lease) {
-        return CliCommand{lease.word, lease.disable_help, disable_static_lease};
-    });
+    make_table(rows_for_each(STATIC_LEASE_WORDS, STATIC_LEASE_DISABLE_HELP, disable_static_lease));
 
 inline constexpr auto dhcp_set_rows = command_rows({
     family("dhcp_server", "Set dhcp server states ",

@@ -12,9 +12,11 @@
 #include "shell/output.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <initializer_list>
+#include <string_view>
 
 // A text as a template argument.
 template <std::size_t N>
@@ -40,6 +42,30 @@ consteval FixedText<N + M - 1> operator+(const FixedText<N> &first, const FixedT
 // The text's place in memory, for the help of a row.
 template <FixedText Text>
 inline constexpr const char *static_text = Text.text;
+
+// Texts of rows that differ by a word: `before`, the word and `after` for each of `words`, which
+// have at most `Longest` characters.
+template <std::size_t Longest, std::size_t Count, std::size_t N, std::size_t M>
+consteval auto texts_around(const char (&before)[N],
+                            const std::array<std::string_view, Count> &words,
+                            const char (&after)[M]) {
+    std::array<std::array<char, N + Longest + M - 1>, Count> texts{};
+    for (std::size_t index = 0; index < Count; ++index) {
+        char *end = std::copy_n(before, N - 1, texts[index].data());
+        end = std::copy(words[index].begin(), words[index].end(), end);
+        std::copy_n(after, M, end);
+    }
+    return texts;
+}
+
+// A row for each of such texts, whose handler finds its word by the row.
+template <class Names, class Help>
+consteval auto rows_for_each(const Names &names, const Help &help, CliHandler *handler) {
+    std::array<CliCommand, std::tuple_size_v<Names>> rows{};
+    for (std::size_t index = 0; index < rows.size(); ++index)
+        rows[index] = {names[index].data(), help[index].data(), handler};
+    return rows;
+}
 
 inline constexpr char MEMORY_ERROR[] = "memory error!\n";
 inline constexpr char CANT_ALLOC_MEMORY[] = " can't alloc memory \n";
