@@ -15,7 +15,6 @@ const char *xmldb_default_socket = XMLDB_SOCKET;
 namespace {
 
 constexpr std::size_t SET_SIZE = 1024;
-constexpr std::size_t PAIR_SIZE = 256;
 constexpr std::size_t FORMATTED_PATH_SIZE = 512;
 constexpr std::size_t TEXT_CHUNK = 1024;
 
@@ -57,15 +56,6 @@ int read_status(const UniqueFd &connection) {
         have += static_cast<std::size_t>(got);
     }
     return reply.result;
-}
-
-// "first second", cut so that it fits the protocol's area of `Size` bytes.
-template <std::size_t Size>
-int send_pair(const UniqueFd &connection, std::uint16_t action, std::uint32_t flags,
-              const char *first, const char *second) {
-    char text[Size];
-    std::snprintf(text, sizeof text, "%s %s", first, second);
-    return send_text(connection, action, flags, text) == 0 ? read_status(connection) : -1;
 }
 
 void wait_readable(int fd) {
@@ -148,7 +138,9 @@ int xmldb_get_format(const UniqueFd &connection, char *buffer, std::size_t size,
 
 int xmldb_set(const UniqueFd &connection, std::uint32_t flags, const char *path,
               const char *value) {
-    return send_pair<SET_SIZE>(connection, XMLDB_SET, flags, path, value);
+    char text[SET_SIZE];
+    std::snprintf(text, sizeof text, "%s %s", path, value);
+    return xmldb_status_action(connection, XMLDB_SET, flags, text);
 }
 
 int xmldb_del(const UniqueFd &connection, std::uint32_t flags, const char *path) {
@@ -167,9 +159,4 @@ int xmldb_text_action(const UniqueFd &connection, std::uint16_t action, std::uin
 int xmldb_status_action(const UniqueFd &connection, std::uint16_t action, std::uint32_t flags,
                         const char *path) {
     return send_text(connection, action, flags, path) == 0 ? read_status(connection) : -1;
-}
-
-int xmldb_pair_action(const UniqueFd &connection, std::uint32_t flags, const char *first,
-                      const char *second) {
-    return send_pair<PAIR_SIZE>(connection, XMLDB_STATUS_PAIR_8, flags, first, second);
 }

@@ -9,16 +9,6 @@
 #include <cstdint>
 #include <cstdio>
 
-// Requests that no command of the console uses; the daemon defines their meaning.
-enum XmldbUnnamedAction : std::uint16_t {
-    XMLDB_STATUS_4 = 4,      // path; answered by a status
-    XMLDB_STATUS_5 = 5,      // path; answered by a status
-    XMLDB_TEXT_6 = 6,        // path; answered by a text
-    XMLDB_TEXT_7 = 7,        // path; answered by a text
-    XMLDB_STATUS_PAIR_8 = 8, // two texts; answered by a status
-    XMLDB_TEXT_10 = 10,      // path; answered by a text
-};
-
 // The daemon's socket when xmldb_open is given none. Tests use daemons of their own.
 extern const char *xmldb_default_socket;
 
@@ -54,11 +44,8 @@ int xmldb_set(const UniqueFd &connection, std::uint32_t flags, const char *path,
 // Deletes a node. Returns the daemon's result, -1 for failure.
 int xmldb_del(const UniqueFd &connection, std::uint32_t flags, const char *path);
 
-// The unnamed requests by the shape of their answer: a path answered by a text (as xmldb_get), a
-// path answered by a status, two texts (cut at 255 characters) answered by a status.
+// Any request with a path, by the shape of its answer: a text (as for xmldb_get) or a status.
 int xmldb_text_action(const UniqueFd &connection, std::uint16_t action, std::uint32_t flags,
                       const char *path, std::FILE *stream);
 int xmldb_status_action(const UniqueFd &connection, std::uint16_t action, std::uint32_t flags,
                         const char *path);
-int xmldb_pair_action(const UniqueFd &connection, std::uint32_t flags, const char *first,
-                      const char *second);

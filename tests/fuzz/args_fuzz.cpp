@@ -1,7 +1,7 @@
 // The parsers of words: what they take is in range and reads the same when written out again.
 #include "fuzz_target.h"
 
-#include "config/text_utilities.h"
+#include "config/device_utilities.h"
 #include "shell/args.h"
 
 #include <climits>

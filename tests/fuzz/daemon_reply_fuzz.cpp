@@ -2,8 +2,8 @@
 // and ends its texts.
 #include "fuzz_target.h"
 
+#include "config/device_utilities.h"
 #include "config/node_access.h"
-#include "config/xmldb_client.h"
 #include "fuzz/scripted_host.h"
 
 #include <cstring>

@@ -2,6 +2,7 @@
 #include "typed_line.h"
 
 #include "commands/shared/address.h"
+#include "config/device_utilities.h"
 #include "shell/args.h"
 
 #include <arpa/inet.h>

@@ -3,6 +3,7 @@
 #include "typed_line.h"
 
 #include "config/array_sync.h"
+#include "config/device_utilities.h"
 #include "config/node_access.h"
 
 #include <gtest/gtest.h>
