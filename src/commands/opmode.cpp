@@ -8,33 +8,33 @@
 
 namespace {
 
-// Refuses where WDS is not offered; silently where a node could not be read.
-int check_wds_offered() {
+// False after saying so, and silently where a node could not be read.
+bool is_wds_offered() {
     const std::optional<int> band = cfg_read_number("/wlan/ch_mode");
     if (!band)
-        return CLI_REFUSED;
+        return false;
     if (*band != 1)
-        return CLI_DONE;
+        return true;
     const std::optional<int> country = read_country_code();
     if (!country)
-        return CLI_REFUSED;
-    return *country == COUNTRY_JAPAN ? refuse("5G can't to support WDS mode \n") : CLI_DONE;
+        return false;
+    return *country != COUNTRY_JAPAN || complain("5G can't to support WDS mode \n");
 }
 
-// Done as well without memory, after the message.
-int switch_off_multi_ssid(const CliContext &cli) {
+// False when the state could not be read. Without memory it stays, after the message.
+bool switch_off_multi_ssid(const CliContext &cli) {
     ValueBuffer state;
     if (!state) {
         cli_printf(CANT_ALLOC_MEMORY);
-        return CLI_DONE;
+        return true;
     }
     if (cfg_get(state, "/wlan/inf:%d/multi/state", interface_number(cli)) != 0)
-        return CLI_REFUSED;
+        return false;
     if (state.number() != 1)
-        return CLI_DONE;
+        return true;
     cli_printf(" Multi-SSID is diable \n");
     cfg_set("0", "/wlan/inf:%d/multi/state", interface_number(cli));
-    return CLI_DONE;
+    return true;
 }
 
 int keep_security_supported(const CliContext &cli, int mode) {
@@ -55,13 +55,13 @@ const char *client_mode_name() {
 int set_client_mode(CliContext &cli, const char *, CliCommand *) {
     cfg_set_number(MODE_CLIENT, "/wlan/inf:%d/ap_mode", interface_number(cli));
     mark_for_apply(APPLY_WLAN);
-    if (switch_off_multi_ssid(cli) != CLI_DONE)
+    if (!switch_off_multi_ssid(cli))
         return CLI_REFUSED;
     return keep_security_supported(cli, MODE_CLIENT);
 }
 
 int set_wds_ap_mode(CliContext &cli, const char *, CliCommand *) {
-    if (check_wds_offered() != CLI_DONE)
+    if (!is_wds_offered())
         return CLI_REFUSED;
     cfg_set_number(MODE_WDS_AP, "/wlan/inf:%d/ap_mode", interface_number(cli));
     mark_for_apply(APPLY_WLAN);
@@ -69,9 +69,9 @@ int set_wds_ap_mode(CliContext &cli, const char *, CliCommand *) {
 }
 
 int set_wds_mode(CliContext &cli, const char *, CliCommand *) {
-    if (check_wds_offered() != CLI_DONE)
+    if (!is_wds_offered())
         return CLI_REFUSED;
-    if (switch_off_multi_ssid(cli) != CLI_DONE)
+    if (!switch_off_multi_ssid(cli))
         return CLI_REFUSED;
     cfg_set_number(MODE_WDS, "/wlan/inf:%d/ap_mode", interface_number(cli));
     mark_for_apply(APPLY_WLAN);

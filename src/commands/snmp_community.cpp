@@ -32,14 +32,14 @@ int refuse_long_community() {
     return refuse("\nCommunity String exceeds %d characters!!\n", SNMP_NAME_LIMIT);
 }
 
-int check_view(const char *name) {
+bool view_exists(const char *name) {
     switch (find_snmp_row(SNMP_VIEWS, name).result()) {
     case SearchResult::Match:
-        return CLI_DONE;
+        return true;
     case SearchResult::Unreadable:
-        return CLI_REFUSED;
+        return false;
     default:
-        return refuse("\n The view %s doesn't exist !\n", name);
+        return complain("\n The view %s doesn't exist !\n", name);
     }
 }
 
@@ -96,7 +96,7 @@ int add_snmp_community(CliContext &cli, const char *, CliCommand *) {
     if (type >= 3) // no lower bound
         return refuse("\nType must be a digital number as 1 or 2!\n");
     const std::optional<int> row = place_new_snmp_row(SNMP_COMMUNITIES, name).vacancy();
-    if (!row || check_view(view) != CLI_DONE)
+    if (!row || !view_exists(view))
         return CLI_REFUSED;
     write_snmp_row(*row, {{"community", name}, {"cmviewname", view}, {"cmtype", type_word}});
     return finish_snmp_change("\nAdd community successfully");

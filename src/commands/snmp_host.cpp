@@ -25,40 +25,40 @@ struct NewHost {
     std::int32_t auth = 0;
 };
 
-int check_words(NewHost &host) {
+bool words_fit(NewHost &host) {
     if (!is_address(host.address))
-        return refuse("\nPlease input correct IP address!\n");
+        return complain("\nPlease input correct IP address!\n");
     if (int_parse_blank(host.version_word, host.version) == 0)
-        return refuse("\nSnmpType is a number!\n");
+        return complain("\nSnmpType is a number!\n");
     if (host.version < SNMP_V1 || host.version > SNMP_V3)
-        return refuse("\nSnmpType is a number between 1-3!\n");
+        return complain("\nSnmpType is a number between 1-3!\n");
     if (int_parse_blank(host.auth_word, host.auth) == 0)
-        return refuse("\nAuthType is a number!\n");
+        return complain("\nAuthType is a number!\n");
     if (host.auth > AUTH_PRIV) // no lower bound
-        return refuse("\nAuthType is a number between 0-3!!\n");
+        return complain("\nAuthType is a number between 0-3!!\n");
     if (exceeds(host.community, SNMP_NAME_LIMIT))
-        return refuse("\nAuthString exceeds %d characters!!\n", SNMP_NAME_LIMIT);
+        return complain("\nAuthString exceeds %d characters!!\n", SNMP_NAME_LIMIT);
     if (host.version != SNMP_V3 && host.auth >= AUTH_NOAUTH_NOPRIV)
-        return refuse("\nSNMP v1 and v2c don't support Auth and Priv!!\n");
+        return complain("\nSNMP v1 and v2c don't support Auth and Priv!!\n");
     if (host.version == SNMP_V3 && host.auth == AUTH_COMMUNITY)
-        return refuse("\nSNMP v3 support AuthType 1-3\t!!\n");
-    return CLI_DONE;
+        return complain("\nSNMP v3 support AuthType 1-3\t!!\n");
+    return true;
 }
 
-int check_community(const NewHost &host) {
+bool community_exists(const NewHost &host) {
     const SearchResult result = find_snmp_row(SNMP_COMMUNITIES, host.community).result();
     if (result == SearchResult::Unreadable)
-        return CLI_REFUSED;
+        return false;
     if (result == SearchResult::Match)
-        return CLI_DONE;
+        return true;
     UsualValue value;
     for (const char *node : {SNMP_PRIVATE_COMMUNITY, SNMP_PUBLIC_COMMUNITY}) {
         if (cfg_get_plain(value, node) != 0)
-            return CLI_REFUSED;
+            return false;
         if (std::strcmp(value.text(), host.community) == 0)
-            return CLI_DONE;
+            return true;
     }
-    return refuse("\n The community doesn't exist !\n");
+    return complain("\n The community doesn't exist !\n");
 }
 
 // True when a user's protocol is off: below 2. The node holds a word, whose value is 0, so it
@@ -71,28 +71,28 @@ bool seems_off(const char *column, int row) {
 
 // Accepts exactly the users that do not exist, and refuses the others for reasons of all kinds.
 // Deliberate.
-int check_user(const NewHost &host) {
+bool admits_user(const NewHost &host) {
     const ListPlace user = find_snmp_row(SNMP_USERS, host.community);
     if (user.result() == SearchResult::Unreadable)
-        return CLI_REFUSED;
+        return false;
     const std::optional<int> row = user.match();
     if (!row)
-        return CLI_DONE;
+        return true;
     switch (host.auth) {
     case AUTH_NOPRIV:
         if (seems_off("authprotocol", *row))
-            return refuse("\n The specified user does seting AuthProtocol!\n");
+            return complain("\n The specified user does seting AuthProtocol!\n");
         break;
     case AUTH_PRIV:
         if (seems_off("authprotocol", *row))
-            return refuse("\n The specified user does not set authentication protocol!\n");
+            return complain("\n The specified user does not set authentication protocol!\n");
         if (seems_off("privprotocol", *row))
-            return refuse("\n The specified user does not set privacy protocol!\n");
+            return complain("\n The specified user does not set privacy protocol!\n");
         break;
     default:
         break;
     }
-    return refuse("\n The user doesn't exist !\n");
+    return complain("\n The user doesn't exist !\n");
 }
 
 bool print_host(const SnmpRow &row) {
@@ -131,10 +131,10 @@ int add_snmp_host(CliContext &cli, const char *, CliCommand *) {
                       "                      AuthString<string>"
                       "(CommunityString:v1,v2c/UserName:v3) >\n");
     NewHost host = {arg_peek(cli, 0), arg_peek(cli, 1), arg_peek(cli, 2), arg_peek(cli, 3)};
-    if (check_words(host) != CLI_DONE)
+    if (!words_fit(host))
         return CLI_REFUSED;
     const std::optional<int> row = place_new_snmp_row(SNMP_HOSTS, host.address).vacancy();
-    if (!row || (host.version == SNMP_V3 ? check_user(host) : check_community(host)) != CLI_DONE)
+    if (!row || !(host.version == SNMP_V3 ? admits_user(host) : community_exists(host)))
         return CLI_REFUSED;
     write_snmp_row(*row, {{"hostip", host.address}, {"secumodel", host.version_word}});
     cfg_set(host.community, SNMP_PUBLIC_COMMUNITY); // also a user's name. Deliberate.

@@ -51,53 +51,53 @@ struct NewUser {
     std::int32_t priv = 0;
 };
 
-int check_names(const NewUser &user) {
+bool names_fit(const NewUser &user) {
     if (exceeds(user.name, USER_NAME_LIMIT))
-        return refuse("\n Username is over than %d characters!\n", USER_NAME_LIMIT);
+        return complain("\n Username is over than %d characters!\n", USER_NAME_LIMIT);
     if (exceeds(user.group, USER_NAME_LIMIT))
-        return refuse("\n UserGroup is over than %d characters!\n", USER_NAME_LIMIT);
-    return CLI_DONE;
+        return complain("\n UserGroup is over than %d characters!\n", USER_NAME_LIMIT);
+    return true;
 }
 
-int check_protocols(NewUser &user) {
+bool protocols_fit(NewUser &user) {
     if (int_parse_blank(user.auth_word, user.auth) == 0 ||
         !is_between(user.auth, AUTH_NONE, AUTH_SHA))
-        return refuse("\n Auth Type must be a number within 1-3\n");
+        return complain("\n Auth Type must be a number within 1-3\n");
     if (user.auth != AUTH_NONE && !is_key(user.auth_key, AUTH_KEY_LIMIT))
-        return refuse("\n Auth key must be in the length of 8-20 characters!\n");
+        return complain("\n Auth key must be in the length of 8-20 characters!\n");
     if (int_parse_blank(user.priv_word, user.priv) == 0 ||
         !is_between(user.priv, PRIV_NONE, PRIV_DES))
-        return refuse("\n Priv Type must be a number within 1-2\n");
+        return complain("\n Priv Type must be a number within 1-2\n");
     if (user.priv != PRIV_NONE && !is_key(user.priv_key, PRIV_KEY_LIMIT))
-        return refuse("\n Priv key must be in the length of 8-16 characters!\n");
+        return complain("\n Priv key must be in the length of 8-16 characters!\n");
     if (user.auth == AUTH_NONE && user.priv == PRIV_DES)
-        return refuse("\n No Auth selected and Priv must be none!\n");
-    return CLI_DONE;
+        return complain("\n No Auth selected and Priv must be none!\n");
+    return true;
 }
 
 // Also asked of the keys of protocols that are off.
-int check_keys(const NewUser &user) {
+bool keys_fit(const NewUser &user) {
     if (repeats_one_character(user.auth_key))
-        return refuse("\nAuth key can't use the same character!\n");
+        return complain("\nAuth key can't use the same character!\n");
     if (repeats_one_character(user.priv_key))
-        return refuse("\nPriv key can't use the same character!\n");
-    return CLI_DONE;
+        return complain("\nPriv key can't use the same character!\n");
+    return true;
 }
 
 // The group must exist, else the refusal is silent, and ask for no more than the user has. Its
 // level is compared as a number although add_snmp_group stores a word, so only a level that
 // something else wrote asks for anything. Deliberate.
-int check_group(const NewUser &user) {
+bool group_admits(const NewUser &user) {
     CutSnmpText value;
     const std::optional<int> group =
         find_snmp_row(SNMP_GROUPS, user.group, CUT_SNMP_TEXT_LIMIT).match();
     if (!group || read_snmp_cell(value, "seculevel", *group) != 0)
-        return CLI_REFUSED;
+        return false;
     if (value.number() == LEVEL_AUTH && user.auth == AUTH_NONE)
-        return refuse("\nAdd rejected, group is auth required and no priv needed!\n");
+        return complain("\nAdd rejected, group is auth required and no priv needed!\n");
     if (value.number() == LEVEL_PRIV && (user.auth == AUTH_NONE || user.priv == PRIV_NONE))
-        return refuse("\nAdd rejected, group is both auth and priv required!\n");
-    return CLI_DONE;
+        return complain("\nAdd rejected, group is both auth and priv required!\n");
+    return true;
 }
 
 void write_user(int row, const NewUser &user) {
@@ -132,19 +132,19 @@ const char *security_level_name(std::int32_t level) {
 constexpr const char *GROUP_VIEWS[] = {"ReadView", "WriteView", "NotifyView"};
 constexpr int FIRST_VIEW_WORD = 2;
 
-int check_group_words(const CliContext &cli, std::int32_t &level) {
+bool group_words_fit(const CliContext &cli, std::int32_t &level) {
     if (exceeds(arg_peek(cli, 0), SNMP_NAME_LIMIT))
-        return refuse("\nGroup name exceeds %d characters!!\n", SNMP_NAME_LIMIT);
+        return complain("\nGroup name exceeds %d characters!!\n", SNMP_NAME_LIMIT);
     if (int_parse_blank(arg_peek(cli, 1), level) == 0)
-        return refuse("\nSelect Auth and Priv with a digit!!\n");
+        return complain("\nSelect Auth and Priv with a digit!!\n");
     if (!is_between(level, LEVEL_NOAUTH, LEVEL_PRIV))
-        return refuse("\nSelect Auth and Priv with a digit between 1-3!!\n");
+        return complain("\nSelect Auth and Priv with a digit between 1-3!!\n");
     int word = FIRST_VIEW_WORD;
     for (const char *view : GROUP_VIEWS) {
         if (exceeds(arg_peek(cli, word++), SNMP_NAME_LIMIT))
-            return refuse("\n%s name can't exceed %d characters!!\n", view, SNMP_NAME_LIMIT);
+            return complain("\n%s name can't exceed %d characters!!\n", view, SNMP_NAME_LIMIT);
     }
-    return CLI_DONE;
+    return true;
 }
 
 // False after saying which view is missing; nothing when the table could not be read.
@@ -221,12 +221,11 @@ int add_snmp_user(CliContext &cli, const char *, CliCommand *) {
                       "                      PrivKey<string>(Keys/none) >\n");
     NewUser user = {arg_peek(cli, 0), arg_peek(cli, 1), arg_peek(cli, 2),
                     arg_peek(cli, 3), arg_peek(cli, 4), arg_peek(cli, 5)};
-    if (check_names(user) != CLI_DONE || check_protocols(user) != CLI_DONE ||
-        check_keys(user) != CLI_DONE)
+    if (!names_fit(user) || !protocols_fit(user) || !keys_fit(user))
         return CLI_REFUSED;
     const std::optional<int> row =
         place_new_snmp_row(SNMP_USERS, user.name, CUT_SNMP_TEXT_LIMIT).vacancy();
-    if (!row || check_group(user) != CLI_DONE)
+    if (!row || !group_admits(user))
         return CLI_REFUSED;
     write_user(*row, user);
     return finish_snmp_change("\n Add user successfully!");
@@ -241,7 +240,7 @@ int add_snmp_group(CliContext &cli, const char *, CliCommand *) {
                       "WriteView<string>(none:NULL)\n"
                       "                      NotifyView<string>(none:NULL) >\n");
     std::int32_t level = 0;
-    if (check_group_words(cli, level) != CLI_DONE)
+    if (!group_words_fit(cli, level))
         return CLI_REFUSED;
     const char *name = arg_peek(cli, 0);
     const std::optional<bool> views = has_views(cli);

@@ -17,16 +17,16 @@ constexpr int LINKS = 8;
 
 constexpr char PEER[] = "/wlan/inf:%d/wds/list/index:%d/mac";
 
-int check_new_peer(const CliContext &cli, ValueBuffer &value, const char *mac) {
+bool is_new_peer(const CliContext &cli, ValueBuffer &value, const char *mac) {
     for (int index = 1; index <= PEERS; ++index) {
         // The band, 0 or 1, is used as the interface's number: on the 5 GHz band the 2.4 GHz
         // radio's list is searched, on the 2.4 GHz band none. Deliberate.
         if (cfg_get(value, PEER, static_cast<int>(cli.current_band), index) != 0)
-            return CLI_REFUSED;
+            return false;
         if (std::strcmp(value.text(), mac) == 0)
-            return refuse("the mac address is exist!\n");
+            return complain("the mac address is exist!\n");
     }
-    return CLI_DONE;
+    return true;
 }
 
 // A list entry's field and its label.
@@ -76,7 +76,7 @@ int add_wds_peer(CliContext &cli, const char *, CliCommand *) {
         mark_for_apply(APPLY_WLAN); // although nothing was written. Deliberate.
         return CLI_DONE;
     }
-    if (check_new_peer(cli, value, mac.data()) != CLI_DONE)
+    if (!is_new_peer(cli, value, mac.data()))
         return CLI_REFUSED;
     cfg_set(mac.data(), PEER, interface_number(cli), index);
     return mark_for_apply(APPLY_WLAN);

@@ -41,3 +41,11 @@ int refuse(const char *format, ...) {
     va_end(values);
     return CLI_REFUSED;
 }
+
+bool complain(const char *format, ...) {
+    std::va_list values;
+    va_start(values, format);
+    print_flushed(format, values);
+    va_end(values);
+    return false;
+}

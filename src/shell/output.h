@@ -16,6 +16,9 @@ void print_lines(std::initializer_list<const char *> lines);
 // Formats a refusal like cli_printf; returns CLI_REFUSED, for a handler to return in turn.
 [[gnu::format(printf, 1, 2)]] int refuse(const char *format, ...);
 
+// Says like cli_printf why a check failed; returns false, for the check to return in turn.
+[[gnu::format(printf, 1, 2)]] bool complain(const char *format, ...);
+
 // Makes a value that others chose, such as a neighbour's SSID or a client's host name, fit to be
 // shown: each control character (below 0x20, and 0x7f) becomes a "?", so that nobody else writes to
 // the administrator's terminal. Bytes from 0x80 on stay, for names in UTF-8. Returns the text,

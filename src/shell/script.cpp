@@ -169,9 +169,9 @@ private:
     bool run_line() {
         const bool was_printable = make_printable();
         if (is_too_long())
-            return complain("Line too long.");
+            return fail("Line too long.");
         if (!was_printable)
-            return complain("Only printable ASCII characters can be typed.");
+            return fail("Only printable ASCII characters can be typed.");
         std::memcpy(lines_.line(), line_, length_ + 1);
         lines_.split();
         is_over_ = lines_.names(exit_console);
@@ -186,7 +186,7 @@ private:
         is_interrupted_ = command_lines_interrupted != interrupts_before;
         if (std::fflush(stdout) != 0 || std::ferror(stdout) != 0) {
             std::clearerr(stdout);
-            return complain("Output could not be written.");
+            return fail("Output could not be written.");
         }
         const bool is_done =
             result == CLI_DONE || result == CLI_LISTED || applies_run != applies_before;
@@ -220,7 +220,7 @@ private:
         return was_printable;
     }
 
-    static bool complain(const char *message) {
+    static bool fail(const char *message) {
         std::fprintf(stderr, "wap-sh: %s\n", message);
         return false;
     }
