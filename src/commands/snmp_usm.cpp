@@ -163,16 +163,20 @@ std::optional<bool> has_views(const CliContext &cli) {
     return true;
 }
 
-// Where a new row of the view table goes. A name that is there already is only reported.
-ListPlace place_new_view_row(const char *name) {
-    ListPlace place = find_snmp_row(SNMP_VIEWS, name, CUT_SNMP_TEXT_LIMIT);
-    while (const std::optional<int> row = place.match()) {
-        report_taken_snmp_name(SNMP_VIEWS, name);
-        place = find_snmp_row(SNMP_VIEWS, name, CUT_SNMP_TEXT_LIMIT, *row + 1);
+// The vacancy for a new row of a view. A name that is there already is only reported, each time.
+// Nothing when the table is full, which is reported, or cannot be read.
+std::optional<int> place_new_view_row(const char *name) {
+    CutSnmpText stored;
+    for (int row = 1; row <= SNMP_VIEWS.capacity; ++row) {
+        if (read_snmp_cell(stored, "viewname", row) != 0)
+            return std::nullopt;
+        if (stored.empty())
+            return row;
+        if (std::strcmp(stored.text(), name) == 0)
+            report_taken_snmp_name(SNMP_VIEWS, name);
     }
-    if (place.result() == SearchResult::Full)
-        cli_printf("%s\n", SNMP_VIEWS.full_line);
-    return place;
+    cli_printf("%s\n", SNMP_VIEWS.full_line);
+    return std::nullopt;
 }
 
 bool print_user(const SnmpRow &row) {
@@ -276,7 +280,7 @@ int add_snmp_view(CliContext &cli, const char *, CliCommand *) {
         return refuse("\nViewType must be a digital!\n");
     if (!is_between(type, VIEW_INCLUDED, VIEW_UNTYPED))
         return refuse("\nViewType must be a digital in the length of 1-3!\n");
-    const std::optional<int> row = place_new_view_row(name).vacancy();
+    const std::optional<int> row = place_new_view_row(name);
     if (!row)
         return CLI_REFUSED;
     write_snmp_row(*row, {{"viewname", name}, {"oid", oid}});

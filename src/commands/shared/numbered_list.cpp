@@ -29,9 +29,8 @@ int NumberedList::remove(int index) const {
     return cfg_del(path(index).data());
 }
 
-ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity,
-                       int first) {
-    for (int index = first; index <= capacity; ++index) {
+ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity) {
+    for (int index = 1; index <= capacity; ++index) {
         if (list.read(value, index) != 0)
             return {SearchResult::Unreadable, index};
         if (value.data[0] == '\0')

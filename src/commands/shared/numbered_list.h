@@ -77,10 +77,9 @@ private:
     int index_;
 };
 
-// Searches entries first..capacity for the first that equals `text` exactly or is empty. `value` is
+// Searches entries 1..capacity for the first that equals `text` exactly or is empty. `value` is
 // the buffer for the entries.
-ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity,
-                       int first = 1);
+ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity);
 
 // Reads entries 1..capacity into `value` up to the first that is empty or cannot be read, and calls
 // `visit(index)` for each. Returns how many there were.

@@ -85,11 +85,11 @@ int read_snmp_cell(ReadTarget value, const char *column, int row) {
     return cells_of(column).read(value, row);
 }
 
-ListPlace find_snmp_row(const SnmpTable &table, const char *name, std::size_t limit, int first) {
+ListPlace find_snmp_row(const SnmpTable &table, const char *name, std::size_t limit) {
     UsualValue buffer;
     ReadTarget value(buffer);
     value.limit = limit;
-    return find_in_list(cells_of(table.columns[0]), value, name, table.capacity, first);
+    return find_in_list(cells_of(table.columns[0]), value, name, table.capacity);
 }
 
 void report_taken_snmp_name(const SnmpTable &table, const char *name) {

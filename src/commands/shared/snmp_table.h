@@ -54,10 +54,10 @@ using CutSnmpText = ShortValue<CUT_SNMP_TEXT_LIMIT>;
 // Reads one node of a row, as cfg_get does.
 int read_snmp_cell(ReadTarget value, const char *column, int row);
 
-// Searches the names of the rows from `first` on, as find_in_list does. At most `limit` bytes of
-// each name are read, up to ValueBuffer::USUAL_LIMIT.
+// Searches the names of the rows, as find_in_list does. At most `limit` bytes of each name are
+// read, up to ValueBuffer::USUAL_LIMIT.
 ListPlace find_snmp_row(const SnmpTable &table, const char *name,
-                        std::size_t limit = ValueBuffer::USUAL_LIMIT, int first = 1);
+                        std::size_t limit = ValueBuffer::USUAL_LIMIT);
 
 // Says that the name is taken.
 void report_taken_snmp_name(const SnmpTable &table, const char *name);
