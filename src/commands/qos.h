@@ -68,7 +68,7 @@ inline constinit auto qos_all_rules_get_rows = command_table({
     {"list", "Show Qos Rules", list_qos_rules},
 });
 
-inline constinit auto qos_shows = command_table({
+inline constinit auto qos_family_get_rows = command_table({
     {"status", "Get QoS Status",
      show_numbered_line<"/qos/enable", "Qos Status: Disable\n", "Qos Status: Enable\n">},
     family("classifier", "Get Qos Classifier Status", qos_classifier_get_rows),
@@ -90,6 +90,6 @@ inline constexpr auto qos_set_rows = command_rows({
 });
 
 inline constexpr auto qos_get_rows = command_rows({
-    family("qos", "Display QoS", qos_shows),
+    family("qos", "Display QoS", qos_family_get_rows),
     family("trafficmgr", "Display Traffic Manager", traffic_manager_get_rows),
 });

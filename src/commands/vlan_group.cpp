@@ -37,7 +37,7 @@ VlanPort single_port(const CliContext &cli, GroupPort port) {
     case GroupPort::System:
         return {"sys", 1};
     default:
-        return {"ath", first_wireless_port(cli)};
+        return {"ath", 1 + 16 * cli.current_band};
     }
 }
 
@@ -174,10 +174,12 @@ int set_group_name(CliContext &cli, const char *, CliCommand *) {
 }
 
 int delete_group(CliContext &cli, const char *, CliCommand *) {
-    const char *word = take_vlan_word(cli);
+    const char *word = arg_next(cli);
     if (word == nullptr)
-        return CLI_REFUSED;
+        return refuse(MISSING_VLAN_ID);
     const int vid = decimal_value(word);
+    if (!is_vlan_id(vid))
+        return refuse(WRONG_VLAN_ID);
     for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {
         const std::optional<int> used_by = group_vid(entry);
         if (!used_by)

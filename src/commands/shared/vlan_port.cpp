@@ -11,18 +11,6 @@ int take_vlan_id(CliContext &cli) {
     return 0;
 }
 
-const char *take_vlan_word(CliContext &cli) {
-    const char *word = arg_next(cli);
-    if (word == nullptr) {
-        cli_printf(MISSING_VLAN_ID);
-        return nullptr;
-    }
-    if (is_vlan_id(decimal_value(word)))
-        return word;
-    cli_printf(WRONG_VLAN_ID);
-    return nullptr;
-}
-
 LineIndex take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid) {
     if (arg_count(cli) != 2) {
         cli_printf("%s%s", ports.set_refusal.wrong_count, ports.set_refusal.error_line);

@@ -27,11 +27,6 @@ struct VlanPort {
     int number;
 };
 
-// The number of the first wireless port of the current band: 1 or 17.
-inline int first_wireless_port(const CliContext &cli) {
-    return 1 + 16 * cli.current_band;
-}
-
 // Wireless ports that the administrator names by an index from 1.
 struct IndexedPorts {
     IndexRefusal set_refusal; // of setters, which take a VLAN ID and the index
@@ -75,10 +70,6 @@ inline constexpr IndexedPorts WDS_PORTS{
 // Takes the next word as a VLAN ID. Returns it; or 0 after the refusal, which ends with
 // VLAN_ID_ERROR.
 int take_vlan_id(CliContext &cli);
-
-// Takes the next word as a VLAN ID by its decimal value. Returns it as typed; or null after the
-// refusal.
-const char *take_vlan_word(CliContext &cli);
 
 // Takes the two words of a line as a VLAN ID and an index. No index after the refusal.
 LineIndex take_vlan_id_and_index(CliContext &cli, const IndexedPorts &ports, int &vid);
