@@ -63,35 +63,15 @@ int measure_prefixes(const CliContext &cli, CliCommand *table, std::string_view 
     return candidates;
 }
 
-std::int32_t longest_match(const CliCommand *table) {
-    std::int32_t longest = 0;
-    for (const CliCommand *row = table; row->handler != nullptr; ++row) {
-        if (row->match_length > longest)
-            longest = row->match_length;
-    }
-    return longest;
-}
-
-bool fits(const CliCommand &row, std::string_view word) {
-    return name_begins_with(row, word) && !is_locked(row);
-}
-
-CliCommand *take_single(CliCommand *table, std::string_view word) {
-    for (CliCommand *row = table; row->handler != nullptr; ++row) {
-        if (row->match_length != 0 && fits(*row, word))
-            return row;
-    }
-    return nullptr;
-}
-
-// Of several candidates the first with the longest match is taken or none at all.
+// The first row with the longest match; null when the word does not fit it.
 CliCommand *take_longest(CliCommand *table, std::string_view word) {
-    const std::int32_t longest = longest_match(table);
+    CliCommand *longest = table;
     for (CliCommand *row = table; row->handler != nullptr; ++row) {
-        if (longest != 0 && row->match_length == longest)
-            return fits(*row, word) ? row : nullptr;
+        if (row->match_length > longest->match_length)
+            longest = row;
     }
-    return nullptr;
+    const bool fits = longest->match_length > 0 && name_begins_with(*longest, word);
+    return fits ? longest : nullptr;
 }
 
 CliCommand *innermost_table(const CliContext &cli) {
@@ -151,8 +131,7 @@ CommandMatch match_command(const CliContext &cli, CliCommand *table, std::string
     if (CliCommand *row = find_exact(cli, table, word))
         return {.row = is_locked(*row) ? nullptr : row, .several = false, .exact = true};
     const bool several = measure_prefixes(cli, table, word) > 1;
-    CliCommand *row = several ? take_longest(table, word) : take_single(table, word);
-    return {.row = row, .several = several, .exact = false};
+    return {.row = take_longest(table, word), .several = several, .exact = false};
 }
 
 int cli_dispatch(CliContext &cli, CliCommand *table) {
