@@ -13,21 +13,6 @@ int exit_console(CliContext &, const char *, CliCommand *) {
     std::exit(0);
 }
 
-int open_shell(CliContext &, const char *, CliCommand *) {
-    run_command("sh");
-    return CLI_DONE;
-}
-
-int list_directory(CliContext &, const char *, CliCommand *) {
-    run_command("ls");
-    return CLI_DONE;
-}
-
-int print_directory(CliContext &, const char *, CliCommand *) {
-    run_command("pwd");
-    return CLI_DONE;
-}
-
 int ping_host(CliContext &cli, const char *, CliCommand *) {
     const char *host = arg_next(cli);
     if (host == nullptr)
@@ -67,10 +52,5 @@ int unlock_debug(CliContext &cli, const char *, CliCommand *) {
         cli_printf("Password is wrong!\n");
         debug_locked = -1;
     }
-    return CLI_DONE;
-}
-
-int clear_language_pack(CliContext &, const char *, CliCommand *) {
-    run_command("/usr/sbin/submit CLEAR_LANG_PACK");
     return CLI_DONE;
 }

@@ -6,11 +6,6 @@
 // `exit`: ends the process with status 0. Settings that were not applied stay in the database.
 CliHandler exit_console;
 
-// `shell`, `ls`, `pwd`: run the tool and wait for its end.
-CliHandler open_shell;
-CliHandler list_directory;
-CliHandler print_directory;
-
 // `ping host [count]`: four echoes, whatever the count, which is only checked. Refuses a missing
 // host, a bad count, and silently words behind the count.
 CliHandler ping_host;
@@ -21,10 +16,3 @@ CliHandler reboot_device;
 // `orvik code`: the right code unlocks the debug level ("Ok"), a wrong one locks it ("Password is
 // wrong!"); any other number of words prints the usage and returns CLI_DONE.
 CliHandler unlock_debug;
-
-// `clear language-pack`: asks the device to drop it.
-CliHandler clear_language_pack;
-
-inline constexpr auto language_pack_clear_rows = command_rows({
-    {"language-pack", "Clear language pack", clear_language_pack},
-});

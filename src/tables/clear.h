@@ -1,5 +1,7 @@
 #pragma once
 
-#include "shell/builtins.h"
+#include "commands/shared/rows.h"
 
-inline constinit auto clear_table = make_table(language_pack_clear_rows);
+inline constinit auto clear_table = command_table({
+    {"language-pack", "Clear language pack", run_fixed<"/usr/sbin/submit CLEAR_LANG_PACK">},
+});

@@ -2,6 +2,7 @@
 
 #include "commands/factory.h"
 #include "commands/identity.h"
+#include "commands/shared/rows.h"
 #include "shell/builtins.h"
 #include "shell/dispatch.h"
 #include "shell/listing.h"
@@ -23,17 +24,17 @@ constinit auto table = command_table({
     {"orvik", "Temporary factory admin (for RD debug only)", unlock_debug, nullptr, HIDDEN_TAG},
     family("del", nullptr, del_table),
     {"exit", "Logout", exit_console, nullptr, HIDDEN_TAG},
-    {"shell", "open shell", open_shell, nullptr, DEBUG_TAG},
+    {"shell", "open shell", run_fixed<"sh">, nullptr, DEBUG_TAG},
     family("ftp", "ftp Commands", ftp_table, DEBUG_TAG),
     family("tftp", "tftp Commands", tftp_table),
     family("get", nullptr, get_table),
     {"help", "Display CLI Command List", show_help},
     {"isfactorydefault", "Check if device is using factorydefault setting", compare_with_factory,
      nullptr, HIDDEN_TAG},
-    {"ls", "List directory contents", list_directory, nullptr, HIDDEN_TAG},
+    {"ls", "List directory contents", run_fixed<"ls">, nullptr, HIDDEN_TAG},
     {"mem", "Display memory status", show_memory, nullptr, HIDDEN_TAG},
     {"ping", "Send ICMP ECHO_REQUEST to network hosts", ping_host},
-    {"pwd", "Print name of current/working directory", print_directory},
+    {"pwd", "Print name of current/working directory", run_fixed<"pwd">},
     {"reboot", "Reboot Access Point", reboot_device},
     family("set", nullptr, set_table),
     family("clear", nullptr, clear_table),
