@@ -114,9 +114,9 @@ void LineEditor::run_key(unsigned char key) {
     // A switch, since a table of functions is relocated into memory of its own.
     switch (key) {
     case CTRL_A:
-        return to_start();
+        return move_left(cursor_);
     case CTRL_B:
-        return left();
+        return move_left(1);
     case CTRL_C:
         return abandon_line();
     case CTRL_D:
@@ -135,9 +135,9 @@ void LineEditor::run_key(unsigned char key) {
     case CTRL_L:
         return clear_screen();
     case CTRL_N:
-        return show_next();
+        return show_history(history_.next());
     case CTRL_P:
-        return show_previous();
+        return show_history(history_.previous(line_));
     case CTRL_U:
         return delete_to_start();
     case CTRL_W:
@@ -230,14 +230,6 @@ void LineEditor::move_left(int distance) {
         std::fprintf(out_, "\x1b[%dC", column_);
 }
 
-void LineEditor::to_start() {
-    move_left(cursor_);
-}
-
-void LineEditor::left() {
-    move_left(1);
-}
-
 void LineEditor::right() {
     if (cursor_ < length_)
         echo();
@@ -325,14 +317,6 @@ void LineEditor::abandon_line() {
 void LineEditor::clear_screen() {
     std::fputs("\x1b[H", out_);
     redraw(length_ - cursor_);
-}
-
-void LineEditor::show_previous() {
-    show_history(history_.previous(line_));
-}
-
-void LineEditor::show_next() {
-    show_history(history_.next());
 }
 
 void LineEditor::show_history(const char *entry) {

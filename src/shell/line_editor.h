@@ -58,8 +58,6 @@ private:
     void echo();
     void echo_to_end();
     void move_left(int distance);
-    void to_start();
-    void left();
     void right();
     void redraw(int cursor_from_end);
     void step_below_line();
@@ -73,8 +71,6 @@ private:
     void abandon_line();
     void clear_screen();
     void complete();
-    void show_previous();
-    void show_next();
     void show_history(const char *entry);
     void replace_line(std::string_view text);
     void start_line();
