@@ -5,19 +5,12 @@
 #include <spawn.h>
 #include <sys/wait.h>
 
-KeyboardSignalsIgnored::KeyboardSignalsIgnored() {
+Pipe::Pipe(const char *command) {
     struct sigaction ignore {};
     ignore.sa_handler = SIG_IGN;
     sigaction(SIGINT, &ignore, &interrupt_);
     sigaction(SIGQUIT, &ignore, &quit_);
-}
 
-KeyboardSignalsIgnored::~KeyboardSignalsIgnored() {
-    sigaction(SIGINT, &interrupt_, nullptr);
-    sigaction(SIGQUIT, &quit_, nullptr);
-}
-
-Pipe::Pipe(const char *command) {
     int ends[2];
     if (pipe2(ends, O_CLOEXEC) != 0)
         return;
@@ -49,6 +42,8 @@ Pipe::~Pipe() {
     output_.reset();
     while (shell_ > 0 && waitpid(shell_, nullptr, 0) < 0 && errno == EINTR) {
     }
+    sigaction(SIGINT, &interrupt_, nullptr);
+    sigaction(SIGQUIT, &quit_, nullptr);
 }
 
 std::size_t Pipe::read_all(char *kept, std::size_t limit) {

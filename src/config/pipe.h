@@ -7,21 +7,8 @@
 #include <cstddef>
 #include <sys/types.h>
 
-// While it lives, the keyboard's interrupt and quit do nothing to this process.
-class KeyboardSignalsIgnored {
-public:
-    KeyboardSignalsIgnored();
-    KeyboardSignalsIgnored(const KeyboardSignalsIgnored &) = delete;
-    KeyboardSignalsIgnored &operator=(const KeyboardSignalsIgnored &) = delete;
-    ~KeyboardSignalsIgnored();
-
-private:
-    struct sigaction interrupt_ {};
-    struct sigaction quit_ {};
-};
-
-// A command line that the system shell runs with a pipe as its standard output. The keyboard's
-// signals end the tool and not this process, as with std::system.
+// A command line that the system shell runs with a pipe as its standard output. While it lives, the
+// keyboard's interrupt and quit end the tool and not this process, as with std::system.
 class Pipe {
 public:
     // Starts `sh -c COMMAND`. That may fail: test the pipe before use.
@@ -39,7 +26,8 @@ public:
     std::size_t read_all(char *kept, std::size_t limit);
 
 private:
-    KeyboardSignalsIgnored signals_ignored_;
+    struct sigaction interrupt_ {};
+    struct sigaction quit_ {};
     UniqueFd output_;
     pid_t shell_ = -1;
 };
