@@ -77,14 +77,6 @@ private:
     std::int32_t longest_ = 1;
 };
 
-// The path of names to a table as listings show it: without the blank that ends it.
-std::string_view listing_prefix(const Completed &completed) {
-    std::string_view path = completed.text();
-    if (!path.empty())
-        path.remove_suffix(1);
-    return path;
-}
-
 // One line a candidate: its listing as a row, or its bare name when it has no help.
 void list_candidate(CliContext &cli, const CliCommand &row, const char *prefix) {
     if (row.help == nullptr) {
@@ -147,8 +139,11 @@ private:
         completed_.add_part(candidates.common_part());
     }
 
+    // The path of names to the table as listings show it: without the blank that ends it.
     void copy_prefix(char (&prefix)[LINE_BUFFER_SIZE]) const {
-        const std::string_view path = listing_prefix(completed_);
+        std::string_view path = completed_.text();
+        if (!path.empty())
+            path.remove_suffix(1);
         std::memcpy(prefix, path.data(), path.size());
         prefix[path.size()] = '\0';
     }
