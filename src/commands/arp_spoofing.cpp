@@ -24,9 +24,9 @@ int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
     ArpText stored;
     const ListPlace place = find_in_list(RULE_ADDRESS, stored, "", RULES);
     // Checked before the words. Deliberate.
-    if (place.result() == SearchResult::Full)
+    if (place.result == SearchResult::Full)
         return refuse("Max rules num is 8! \nCan't add rule because table is full!\n");
-    const std::optional<int> rule = place.vacancy();
+    const std::optional<int> rule = place.vacancy;
     if (!rule)
         return CLI_REFUSED;
     std::uint32_t address = 0;

@@ -27,11 +27,11 @@ constexpr StaticColumn MACS = {NumberedList("/lan/dhcp/server/pool:1/staticdhcp/
 int add_to_column(const StaticColumn &column, ValueBuffer &stored, const char *text) {
     // Entries past the end of the pool count as duplicates, too.
     const ListPlace place = find_in_list(column.list, stored, text, LIST_BOUND);
-    if (place.result() == SearchResult::Unreadable)
+    if (place.result == SearchResult::Unreadable)
         return CLI_REFUSED;
-    if (place.result() == SearchResult::Match)
+    if (place.result == SearchResult::Match)
         return refuse("%s", column.exists);
-    const std::optional<int> vacancy = place.vacancy();
+    const std::optional<int> vacancy = place.vacancy;
     if (!vacancy || *vacancy > STATIC_LEASE_COUNT)
         return refuse("%s", column.full);
     column.list.write(*vacancy, text);

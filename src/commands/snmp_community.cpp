@@ -33,7 +33,7 @@ int refuse_long_community() {
 }
 
 bool view_exists(const char *name) {
-    switch (find_snmp_row(SNMP_VIEWS, name).result()) {
+    switch (find_snmp_row(SNMP_VIEWS, name).result) {
     case SearchResult::Match:
         return true;
     case SearchResult::Unreadable:
@@ -95,7 +95,7 @@ int add_snmp_community(CliContext &cli, const char *, CliCommand *) {
         return refuse("\nType must be a digital number!\n");
     if (type >= 3) // no lower bound
         return refuse("\nType must be a digital number as 1 or 2!\n");
-    const std::optional<int> row = place_new_snmp_row(SNMP_COMMUNITIES, name).vacancy();
+    const std::optional<int> row = place_new_snmp_row(SNMP_COMMUNITIES, name).vacancy;
     if (!row || !view_exists(view))
         return CLI_REFUSED;
     write_snmp_row(*row, {{"community", name}, {"cmviewname", view}, {"cmtype", type_word}});

@@ -46,7 +46,7 @@ bool words_fit(NewHost &host) {
 }
 
 bool community_exists(const NewHost &host) {
-    const SearchResult result = find_snmp_row(SNMP_COMMUNITIES, host.community).result();
+    const SearchResult result = find_snmp_row(SNMP_COMMUNITIES, host.community).result;
     if (result == SearchResult::Unreadable)
         return false;
     if (result == SearchResult::Match)
@@ -73,9 +73,9 @@ bool seems_off(const char *column, int row) {
 // Deliberate.
 bool admits_user(const NewHost &host) {
     const ListPlace user = find_snmp_row(SNMP_USERS, host.community);
-    if (user.result() == SearchResult::Unreadable)
+    if (user.result == SearchResult::Unreadable)
         return false;
-    const std::optional<int> row = user.match();
+    const std::optional<int> row = user.match;
     if (!row)
         return true;
     switch (host.auth) {
@@ -133,7 +133,7 @@ int add_snmp_host(CliContext &cli, const char *, CliCommand *) {
     NewHost host = {arg_peek(cli, 0), arg_peek(cli, 1), arg_peek(cli, 2), arg_peek(cli, 3)};
     if (!words_fit(host))
         return CLI_REFUSED;
-    const std::optional<int> row = place_new_snmp_row(SNMP_HOSTS, host.address).vacancy();
+    const std::optional<int> row = place_new_snmp_row(SNMP_HOSTS, host.address).vacancy;
     if (!row || !(host.version == SNMP_V3 ? admits_user(host) : community_exists(host)))
         return CLI_REFUSED;
     write_snmp_row(*row, {{"hostip", host.address}, {"secumodel", host.version_word}});

@@ -90,7 +90,7 @@ bool keys_fit(const NewUser &user) {
 bool group_admits(const NewUser &user) {
     CutSnmpText value;
     const std::optional<int> group =
-        find_snmp_row(SNMP_GROUPS, user.group, CUT_SNMP_TEXT_LIMIT).match();
+        find_snmp_row(SNMP_GROUPS, user.group, CUT_SNMP_TEXT_LIMIT).match;
     if (!group || read_snmp_cell(value, "seculevel", *group) != 0)
         return false;
     if (value.number() == LEVEL_AUTH && user.auth == AUTH_NONE)
@@ -152,7 +152,7 @@ std::optional<bool> has_views(const CliContext &cli) {
     int word = FIRST_VIEW_WORD;
     for (const char *view : GROUP_VIEWS) {
         const SearchResult result =
-            find_snmp_row(SNMP_VIEWS, arg_peek(cli, word++), CUT_SNMP_TEXT_LIMIT).result();
+            find_snmp_row(SNMP_VIEWS, arg_peek(cli, word++), CUT_SNMP_TEXT_LIMIT).result;
         if (result == SearchResult::Match)
             continue;
         if (result == SearchResult::Unreadable)
@@ -228,7 +228,7 @@ int add_snmp_user(CliContext &cli, const char *, CliCommand *) {
     if (!names_fit(user) || !protocols_fit(user) || !keys_fit(user))
         return CLI_REFUSED;
     const std::optional<int> row =
-        place_new_snmp_row(SNMP_USERS, user.name, CUT_SNMP_TEXT_LIMIT).vacancy();
+        place_new_snmp_row(SNMP_USERS, user.name, CUT_SNMP_TEXT_LIMIT).vacancy;
     if (!row || !group_admits(user))
         return CLI_REFUSED;
     write_user(*row, user);
@@ -254,9 +254,9 @@ int add_snmp_group(CliContext &cli, const char *, CliCommand *) {
     if (!*views)
         return CLI_DONE;
     const ListPlace place = place_new_snmp_row(SNMP_GROUPS, name, CUT_SNMP_TEXT_LIMIT);
-    const std::optional<int> row = place.vacancy();
+    const std::optional<int> row = place.vacancy;
     if (!row)
-        return place.result() == SearchResult::Unreadable ? CLI_REFUSED : CLI_DONE; // the same
+        return place.result == SearchResult::Unreadable ? CLI_REFUSED : CLI_DONE; // the same
     write_snmp_row(*row, {{"groupname", name},
                           {"seculevel", security_level_name(level)},
                           {"readview", arg_peek(cli, FIRST_VIEW_WORD)},
@@ -315,9 +315,9 @@ int delete_snmp_view(CliContext &cli, const char *, CliCommand *) {
     // often than there are rows, for a database that does not delete.
     for (int times = 0; times < SNMP_VIEWS.capacity; ++times) {
         const ListPlace place = find_snmp_row(SNMP_VIEWS, arg_peek(cli, 0), CUT_SNMP_TEXT_LIMIT);
-        if (place.result() == SearchResult::Unreadable)
+        if (place.result == SearchResult::Unreadable)
             return CLI_REFUSED;
-        const std::optional<int> row = place.match();
+        const std::optional<int> row = place.match;
         if (!row)
             break;
         remove_snmp_row(SNMP_VIEWS, *row);

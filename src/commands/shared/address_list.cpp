@@ -5,15 +5,15 @@
 
 int add_address(const AddressList &list, ReadTarget value, const char *address) {
     const ListPlace place = find_in_list(list.entries, value, address, list.capacity);
-    if (place.result() == SearchResult::Full) {
+    if (place.result == SearchResult::Full) {
         // The entry past the end is read and ignored. Deliberate.
         if (list.entries.read(value, list.capacity + 1) != 0)
             return CLI_REFUSED;
         return refuse(" Error! %s entry number only allow maximum %d\n", list.title, list.capacity);
     }
-    if (place.result() == SearchResult::Match)
+    if (place.result == SearchResult::Match)
         return refuse("error! the %s address already exist!\n", list.kind);
-    const std::optional<int> vacancy = place.vacancy();
+    const std::optional<int> vacancy = place.vacancy;
     if (!vacancy)
         return CLI_REFUSED;
     list.entries.write(*vacancy, address);
@@ -22,9 +22,9 @@ int add_address(const AddressList &list, ReadTarget value, const char *address) 
 
 int delete_address(const AddressList &list, ReadTarget value, const char *address) {
     const ListPlace place = find_in_list(list.entries, value, address, LIST_BOUND);
-    if (place.result() == SearchResult::Unreadable)
+    if (place.result == SearchResult::Unreadable)
         return CLI_REFUSED;
-    const std::optional<int> match = place.match();
+    const std::optional<int> match = place.match;
     if (!match)
         return refuse("error macaddrdel!\n"); // whatever kind of address. Deliberate.
     list.entries.remove(*match);

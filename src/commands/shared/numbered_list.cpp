@@ -32,11 +32,11 @@ int NumberedList::remove(int index) const {
 ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity) {
     for (int index = 1; index <= capacity; ++index) {
         if (list.read(value, index) != 0)
-            return {SearchResult::Unreadable, index};
+            return {SearchResult::Unreadable};
         if (value.data[0] == '\0')
-            return {SearchResult::Empty, index};
+            return {.result = SearchResult::Empty, .vacancy = index};
         if (std::strcmp(value.data, text) == 0)
-            return {SearchResult::Match, index};
+            return {.result = SearchResult::Match, .match = index};
     }
-    return {SearchResult::Full, capacity + 1};
+    return {SearchResult::Full};
 }

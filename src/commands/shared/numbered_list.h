@@ -57,24 +57,11 @@ enum class SearchResult {
     Full,       // none of these within the list's capacity
 };
 
-// Where a search ended. An entry's number is given only together with what the entry is.
-class ListPlace {
-public:
-    constexpr ListPlace(SearchResult result, int index) : result_(result), index_(index) {}
-
-    [[nodiscard]] SearchResult result() const { return result_; }
-
-    // The entry that equals the text, or the empty one; nothing when the search ended otherwise.
-    [[nodiscard]] std::optional<int> match() const { return index_at(SearchResult::Match); }
-    [[nodiscard]] std::optional<int> vacancy() const { return index_at(SearchResult::Empty); }
-
-private:
-    [[nodiscard]] std::optional<int> index_at(SearchResult result) const {
-        return result_ == result ? std::optional(index_) : std::nullopt;
-    }
-
-    SearchResult result_;
-    int index_;
+// Where a search ended: at the entry that equals the text, at the empty one, or at none.
+struct ListPlace {
+    SearchResult result;
+    std::optional<int> match = std::nullopt;
+    std::optional<int> vacancy = std::nullopt;
 };
 
 // Searches entries 1..capacity for the first that equals `text` exactly or is empty. `value` is

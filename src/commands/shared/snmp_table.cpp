@@ -98,9 +98,9 @@ void report_taken_snmp_name(const SnmpTable &table, const char *name) {
 
 ListPlace place_new_snmp_row(const SnmpTable &table, const char *name, std::size_t limit) {
     const ListPlace place = find_snmp_row(table, name, limit);
-    if (place.result() == SearchResult::Match)
+    if (place.result == SearchResult::Match)
         report_taken_snmp_name(table, name);
-    else if (place.result() == SearchResult::Full)
+    else if (place.result == SearchResult::Full)
         cli_printf("%s\n", table.full_line);
     return place;
 }
@@ -144,9 +144,9 @@ int finish_snmp_deletion(const SnmpTable &table) {
 
 int delete_snmp_row(const SnmpTable &table, const char *name, std::size_t limit) {
     const ListPlace place = find_snmp_row(table, name, limit);
-    if (place.result() == SearchResult::Unreadable)
+    if (place.result == SearchResult::Unreadable)
         return CLI_REFUSED;
-    const std::optional<int> row = place.match();
+    const std::optional<int> row = place.match;
     if (!row)
         return refuse("\n The %s '%s' %s\n", table.missing_noun, name, table.missing_phrase);
     UniqueFd connection = open_deletion_connection();
