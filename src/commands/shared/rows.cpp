@@ -30,10 +30,11 @@ int write_word_in_range(const CliContext &cli, const char *path, const WordRange
 int store_value(CliContext &cli, const ValueSetter &setter) {
     if (arg_count(cli) != 1)
         return refuse("%s", setter.error_line);
-    CheckedValue value;
-    if (!value.take(cli, setter.rule))
+    DecimalText digits;
+    const char *value = take_value(cli, setter.rule, digits);
+    if (value == nullptr)
         return refuse("%s", setter.value_error);
-    cfg_set(value.text(), setter.path, interface_number(cli));
+    cfg_set(value, setter.path, interface_number(cli));
     return mark_for_apply(setter.apply_bits);
 }
 

@@ -36,15 +36,15 @@ int store_slot_value(CliContext &cli, const SlotSetter &setter) {
     if (arg_count(cli) != 2)
         return refuse("Wrong input parameters. Please input %s and Multi-SSID index (1-3).\n%s",
                       setter.wanted, setter.error_line);
-    CheckedValue value;
-    if (!value.take(cli, setter.rule))
+    DecimalText digits;
+    const char *value = take_value(cli, setter.rule, digits);
+    if (value == nullptr)
         return refuse("%s", setter.value_error);
     const LineIndex slot = take_index(
         cli, 1, SLOT_COUNT, {.out_of_range = setter.out_of_range, .error_line = setter.slot_error});
     if (!slot)
         return CLI_REFUSED;
-    write_slot(value.text(), cli, setter.as_number ? numbered_slot(slot.number) : slot,
-               setter.leaf);
+    write_slot(value, cli, setter.as_number ? numbered_slot(slot.number) : slot, setter.leaf);
     return mark_for_apply(APPLY_WLAN);
 }
 

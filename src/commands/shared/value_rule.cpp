@@ -11,22 +11,21 @@ const char *DecimalText::of(int number) {
     return digits_;
 }
 
-bool CheckedValue::take(CliContext &cli, const ValueRule &rule) {
+const char *take_value(CliContext &cli, const ValueRule &rule, DecimalText &digits) {
     std::uint32_t measure = 0;
+    const char *value = nullptr;
     if (rule.kind == ValueKind::Number) {
         if (arg_uint(cli, measure, 10) != 0)
-            return false;
-        text_ = digits_.of(static_cast<int>(measure));
+            return nullptr;
+        value = digits.of(static_cast<int>(measure));
     } else {
-        const char *word = arg_next(cli);
-        if (word == nullptr)
-            return false;
-        measure = static_cast<std::uint32_t>(std::strlen(word));
-        text_ = word;
+        value = arg_next(cli);
+        if (value == nullptr)
+            return nullptr;
+        measure = static_cast<std::uint32_t>(std::strlen(value));
     }
-    const bool good =
-        (rule.low <= measure && measure <= rule.high) || (rule.or_zero && measure == 0);
-    if (!good)
-        cli_printf("%s", rule.message);
-    return good;
+    if ((rule.low <= measure && measure <= rule.high) || (rule.or_zero && measure == 0))
+        return value;
+    cli_printf("%s", rule.message);
+    return nullptr;
 }

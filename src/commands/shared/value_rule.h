@@ -29,21 +29,7 @@ private:
     char digits_[12];
 };
 
-// A word that keeps its rule, in the form that its node holds.
-class CheckedValue {
-public:
-    CheckedValue() = default;
-    CheckedValue(const CheckedValue &) = delete; // the text may be its own
-    CheckedValue &operator=(const CheckedValue &) = delete;
-    ~CheckedValue() = default;
-
-    // Takes the next word. False when there is none, when it is no number (both after arg_uint's
-    // message where a number is wanted) or breaks the rule (after the rule's message).
-    bool take(CliContext &cli, const ValueRule &rule);
-
-    [[nodiscard]] const char *text() const { return text_; }
-
-private:
-    const char *text_ = "";
-    DecimalText digits_;
-};
+// Takes the next word. Returns it in the form that its node holds, a number in `digits`. Null when
+// there is none, when it is no number (both after arg_uint's message where a number is wanted) or
+// breaks the rule (after the rule's message).
+const char *take_value(CliContext &cli, const ValueRule &rule, DecimalText &digits);

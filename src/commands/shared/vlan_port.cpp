@@ -4,9 +4,9 @@
 #include "shell/output.h"
 
 int take_vlan_id(CliContext &cli) {
-    CheckedValue vid;
-    if (vid.take(cli, VLAN_ID_RULE))
-        return decimal_value(vid.text());
+    DecimalText digits;
+    if (const char *vid = take_value(cli, VLAN_ID_RULE, digits))
+        return decimal_value(vid);
     cli_printf(VLAN_ID_ERROR);
     return 0;
 }
