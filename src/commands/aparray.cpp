@@ -39,13 +39,12 @@ const SyncItem &typed_sync_item() {
 int write_sync_flag(bool on) {
     const SyncItem &item = typed_sync_item();
     cfg_set_plain(on ? "1" : "0", item.node);
-    mark_for_apply(APPLY_NEAPC);
     // One of the 64 messages has two blanks. Deliberate.
     const bool two_blanks = !on && std::strcmp(item.word, "ssid") == 0;
     cli_printf("Ap Array Sync %c%s%s State: %s\n",
                std::toupper(static_cast<unsigned char>(*item.word)), item.word + 1,
                two_blanks ? " " : "", capital_enable_word(on));
-    return CLI_DONE;
+    return mark_for_apply(APPLY_NEAPC);
 }
 
 } // namespace

@@ -47,9 +47,8 @@ int delete_arp_rule(CliContext &cli, const char *, CliCommand *) {
 
 int delete_arp_rules(CliContext &, const char *, CliCommand *) {
     cfg_del("/arpspoofing/static");
-    mark_for_apply(APPLY_ARPSPOOF);
     cli_printf("ARP Spoofing List is Null!\n");
-    return CLI_DONE;
+    return mark_for_apply(APPLY_ARPSPOOF);
 }
 
 int get_arp_rules(CliContext &, const char *, CliCommand *) {

@@ -40,8 +40,8 @@ inline constexpr SlotDisplay SHOWN_DYNAMIC_WEP_INTERVAL{
 // Runs a command line as run_fixed does and marks the wireless service for restart.
 template <FixedText Command>
 int run_wlan_setting(CliContext &cli, const char *word, CliCommand *subtable) {
-    mark_for_apply(APPLY_WLAN);
-    return run_fixed<Command>(cli, word, subtable);
+    run_fixed<Command>(cli, word, subtable);
+    return mark_for_apply(APPLY_WLAN);
 }
 
 inline constinit auto dynamic_wep_length_rows = command_table({

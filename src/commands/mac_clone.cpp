@@ -27,9 +27,8 @@ int set_clone_type(CliContext &cli, const char *, CliCommand *) {
         if (std::strcmp(word, type) != 0)
             continue;
         cfg_set_number(&type - CLONE_TYPES, "/wlan/inf:1/macclone/type");
-        mark_for_apply(APPLY_WLAN);
         print_clone_type(type);
-        return CLI_DONE;
+        return mark_for_apply(APPLY_WLAN);
     }
     cli_printf("unknown clone type.\n");
     return CLI_DONE;

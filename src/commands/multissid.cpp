@@ -47,12 +47,11 @@ int enable_multi_ssid(CliContext &cli, const char *, CliCommand *) {
         return CLI_REFUSED;
     const int mode = value.number();
     cfg_set("1", "/wlan/inf:%d/multi/state", interface_number(cli));
-    mark_for_apply(APPLY_WLAN);
     if (mode != MODE_AP && mode != MODE_WDS_AP && mode != MODE_WDS) {
         cfg_set_number(MODE_AP, "/wlan/inf:%d/ap_mode", interface_number(cli));
         cli_printf("Set AP mode as normal AP mode \n");
     }
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
@@ -62,9 +61,8 @@ int set_slot_authentication(CliContext &cli, const char *, CliCommand *) {
     if (!slot)
         return CLI_DONE;
     write_slot(DecimalText().of(type.value), cli, slot, "/auth");
-    mark_for_apply(APPLY_WLAN);
     cli_printf("Authentication of Multi-SSID (index %d) is %s\n", slot.number, type.confirmed);
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN);
 }
 
 int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
@@ -85,8 +83,7 @@ int set_slot_cipher(CliContext &cli, const char *, CliCommand *) {
         cli_printf("This cipher selection is not supported by \n%s",
                    authentication_line(authentication));
     }
-    mark_for_apply(APPLY_WLAN); // also after a refusal. Deliberate.
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WLAN); // also after a refusal. Deliberate.
 }
 
 int set_slot_cipher_none(CliContext &cli, const char *, CliCommand *) {

@@ -62,9 +62,8 @@ int set_snmp_trap_version(CliContext &cli, const char *, CliCommand *) {
         cfg_set_number(version, TRAP_VERSION);
         cli_printf("SNMP Trap Version: SNMPv%d\n", version);
     }
-    mark_for_apply(APPLY_SNMP);
     cli_printf("%s", PLEASE_APPLY.text);
-    return CLI_DONE;
+    return mark_for_apply(APPLY_SNMP);
 }
 
 int show_snmp_trap(CliContext &cli, const char *, CliCommand *) {

@@ -158,8 +158,7 @@ int set_daylight_saving(CliContext &cli, const char *, CliCommand *) {
     } else {
         cli_printf("\nUnable to Daylight Saving Time!\n");
     }
-    mark_for_apply(APPLY_WAN); // unlike the time zone's, also after a failure
-    return CLI_DONE;
+    return mark_for_apply(APPLY_WAN); // unlike the time zone's, also after a failure
 }
 
 int get_daylight_saving(CliContext &, const char *, CliCommand *) {

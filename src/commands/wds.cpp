@@ -73,8 +73,7 @@ int add_wds_peer(CliContext &cli, const char *, CliCommand *) {
     const int index = decimal_value(arg_next(cli));
     if (index < 1 || index > PEERS) {
         cli_printf("Error! WDS index is between %d and %d \n", 1, PEERS);
-        mark_for_apply(APPLY_WLAN); // although nothing was written. Deliberate.
-        return CLI_DONE;
+        return mark_for_apply(APPLY_WLAN); // although nothing was written. Deliberate.
     }
     if (!is_new_peer(cli, value, mac.data()))
         return CLI_REFUSED;

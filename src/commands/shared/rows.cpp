@@ -11,9 +11,8 @@
 int write_fixed_value(const CliContext &cli, const char *path, const char *value,
                       std::uint32_t apply_bits, const char *message) {
     cfg_set(value, path, interface_number(cli));
-    mark_for_apply(apply_bits);
     cli_printf("%s", message);
-    return CLI_DONE;
+    return mark_for_apply(apply_bits);
 }
 
 int write_word_in_range(const CliContext &cli, const char *path, const WordRange &range,

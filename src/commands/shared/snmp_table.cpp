@@ -112,9 +112,8 @@ void write_snmp_row(int row, std::initializer_list<SnmpCell> cells) {
 
 int finish_snmp_change(const char *message) {
     save_configuration();
-    mark_for_apply(APPLY_SNMP);
     cli_printf("%s\n", message);
-    return CLI_DONE;
+    return mark_for_apply(APPLY_SNMP);
 }
 
 UniqueFd open_deletion_connection() {
