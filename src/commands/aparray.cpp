@@ -15,16 +15,8 @@ namespace {
 constexpr std::size_t ARRAY_NAME_LIMIT = 32;
 
 const char *role_name(int role) {
-    switch (role) {
-    case 1:
-        return "master";
-    case 2:
-        return "backup master";
-    case 3:
-        return "slaver";
-    default:
-        return "unknown";
-    }
+    static constexpr char NAMES[][14] = {"master", "backup master", "slaver"};
+    return role >= 1 && role <= 3 ? NAMES[role - 1] : "unknown";
 }
 
 // The item of the row that runs: its name is the item's word, or ends in it among the get rows.

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int REKEYED_SLOTS = 7; // deliberately more than the console manages otherwise
 
-int refuse_time() {
+int show_time_usage() {
     print_lines({"usage:set autorekey time [change time] [start week] [start time]",
                  "[change time]:the auto rekey change time. (1-168h)",
                  "[start week]:the auto rekey start week. (Sun Mon Tue Wed Thu Fri Sat)",
@@ -18,13 +18,13 @@ int refuse_time() {
     return CLI_DONE;
 }
 
-int refuse_ssid() {
+int show_ssid_usage() {
     print_lines({"usage:set autorekey ssid [SSID number] [1/0]",
                  "[SSID number]:the auto rekey for SSID. (0-7)", "[1/0]:0, disable 1, enable "});
     return CLI_DONE;
 }
 
-int refuse_mail() {
+int show_mail_usage() {
     print_lines({"usage:set autorekey mail [smtpindex] [authtype] [SSL] [mailserver] [fromemail]",
                  "[toemail] [username] [password] [mailport]",
                  "[smtpindex]: 1: internal, 2: Gmail, 3: Hotmail", "[authtype]: 0: no,1: yes",
@@ -52,21 +52,16 @@ void read_start(ValueBuffer &value, const char *node, const char *runtime_node,
 }
 
 const char *profile_name(int profile) {
-    switch (profile) {
-    case 2:
+    if (profile == 2)
         return "Gmail";
-    case 3:
-        return "Hmail";
-    default:
-        return "Internal";
-    }
+    return profile == 3 ? "Hmail" : "Internal";
 }
 
 } // namespace
 
 int set_rekey_time(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 3 || !is_rekey_time(arg_peek(cli, 0)))
-        return refuse_time();
+        return show_time_usage();
     const int interface = interface_number(cli);
     cfg_set(arg_next(cli), "/wlan/inf:%d/autorekey/time", interface);
     cfg_set(arg_next(cli), "/wlan/inf:%d/autorekey/startweek", interface);
@@ -76,11 +71,11 @@ int set_rekey_time(CliContext &cli, const char *, CliCommand *) {
 
 int set_rekey_ssid(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 2)
-        return refuse_ssid();
+        return show_ssid_usage();
     const int ssid = decimal_value(arg_next(cli));
     const char *state = arg_next(cli);
     if (unsigned_value(state) > 1 || ssid < 0 || ssid > REKEYED_SLOTS)
-        return refuse_ssid();
+        return show_ssid_usage();
     // Interface 1 on both bands. Deliberate.
     if (ssid == 0)
         cfg_set(state, "/wlan/inf:1/autorekey/ssid/enable");
@@ -91,7 +86,7 @@ int set_rekey_ssid(CliContext &cli, const char *, CliCommand *) {
 
 int set_rekey_mail(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 9 || in_range(arg_peek(cli, 0), 1, MAIL_PROFILES) == 0)
-        return refuse_mail();
+        return show_mail_usage();
     const char *index = arg_next(cli);
     const int profile = decimal_value(index);
     cfg_set(index, MAIL_PROFILE_NODE);
@@ -99,7 +94,7 @@ int set_rekey_mail(CliContext &cli, const char *, CliCommand *) {
         const char *state = arg_next(cli);
         // What was written so far stays, and no bit is set. Deliberate.
         if (unsigned_value(state) > 1)
-            return refuse_mail();
+            return show_mail_usage();
         write_mail_field(profile, field, state);
     }
     for (const char *field :

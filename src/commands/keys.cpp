@@ -67,14 +67,9 @@ void show_key_node(ValueBuffer &value, const char *parent, const char *leaf, con
 } // namespace
 
 const char *key_format_name(int format) {
-    switch (format) {
-    case FORMAT_ASCII:
+    if (format == FORMAT_ASCII)
         return "Ascii Text";
-    case FORMAT_HEXADECIMAL:
-        return "Hexadecimal";
-    default:
-        return nullptr;
-    }
+    return format == FORMAT_HEXADECIMAL ? "Hexadecimal" : nullptr;
 }
 
 int set_key(CliContext &cli, const char *, CliCommand *) {

@@ -38,14 +38,9 @@ void wait_for_wlan() {
 } // namespace
 
 const char *partition_name(int number) {
-    switch (number) {
-    case 1:
+    if (number == 1)
         return "disable";
-    case 2:
-        return "guest mode";
-    default:
-        return "enable";
-    }
+    return number == 2 ? "guest mode" : "enable";
 }
 
 const char *channel_width_name(int number) {
@@ -53,16 +48,8 @@ const char *channel_width_name(int number) {
 }
 
 const char *tx_power_name(int number) {
-    switch (number) {
-    case 1:
-        return "100%";
-    case 2:
-        return "50%";
-    case 3:
-        return "25%";
-    default:
-        return "12.5%";
-    }
+    static constexpr char NAMES[][6] = {"100%", "50%", "25%"};
+    return number >= 1 && number <= 3 ? NAMES[number - 1] : "12.5%";
 }
 
 const char *wireless_mode_name(int number) {

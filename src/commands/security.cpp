@@ -133,14 +133,10 @@ int security_check(SecurityChange change, int value) {
 }
 
 int security_fixup(const CliContext &cli, SecurityChange change, int value) {
-    switch (change) {
-    case SecurityChange::Mode:
+    if (change == SecurityChange::Mode)
         return fix_for_mode(cli, value);
-    case SecurityChange::Authentication:
-        return fix_for_authentication(cli, value);
-    default:
-        return SECURITY_NO_FIX;
-    }
+    return change == SecurityChange::Authentication ? fix_for_authentication(cli, value)
+                                                    : SECURITY_NO_FIX;
 }
 
 const char *authentication_line(int type) {

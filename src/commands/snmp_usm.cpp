@@ -118,14 +118,9 @@ void write_user(int row, const NewUser &user) {
 }
 
 const char *security_level_name(std::int32_t level) {
-    switch (level) {
-    case LEVEL_NOAUTH:
+    if (level == LEVEL_NOAUTH)
         return "noauth";
-    case LEVEL_AUTH:
-        return "auth";
-    default:
-        return "priv";
-    }
+    return level == LEVEL_AUTH ? "auth" : "priv";
 }
 
 // The views of a group as its commands' words and messages call them.

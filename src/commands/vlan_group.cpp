@@ -20,25 +20,17 @@ constexpr char EGRESS[] = "/sys/group_vlan/index:%d/%s:%d/egress";
 
 // Null for a port without an index.
 const IndexedPorts *indexed_ports(GroupPort port) {
-    switch (port) {
-    case GroupPort::MultiSsid:
+    if (port == GroupPort::MultiSsid)
         return &MULTI_SSID_PORTS;
-    case GroupPort::Wds:
-        return &WDS_PORTS;
-    default:
-        return nullptr;
-    }
+    return port == GroupPort::Wds ? &WDS_PORTS : nullptr;
 }
 
 VlanPort single_port(const CliContext &cli, GroupPort port) {
-    switch (port) {
-    case GroupPort::Ethernet:
+    if (port == GroupPort::Ethernet)
         return {"eth", 1};
-    case GroupPort::System:
+    if (port == GroupPort::System)
         return {"sys", 1};
-    default:
-        return {"ath", 1 + 16 * cli.current_band};
-    }
+    return {"ath", 1 + 16 * cli.current_band};
 }
 
 // The entry of a VLAN. Without one, the entry after the last used one, which may be past the end of
@@ -91,14 +83,9 @@ int set_single_member(CliContext &cli, const VlanPort &port, Egress egress) {
 }
 
 const char *egress_name(int egress) {
-    switch (egress) {
-    case EGRESS_TAG:
+    if (egress == EGRESS_TAG)
         return "tag port";
-    case EGRESS_UNTAG:
-        return "untag port";
-    default:
-        return "none";
-    }
+    return egress == EGRESS_UNTAG ? "untag port" : "none";
 }
 
 int list_members(const VlanPort &port) {
