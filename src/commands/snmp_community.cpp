@@ -4,7 +4,6 @@
 #include "shell/args.h"
 #include "shell/output.h"
 
-#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -13,18 +12,18 @@ namespace {
 struct FixedCommunity {
     const char *node;
     const char *usage;
-    const char *name; // "Public"
+    const char *edited_line;
 };
 
 constexpr FixedCommunity PUBLIC_COMMUNITY = {
     SNMP_PUBLIC_COMMUNITY,
     "\nsnmp editpubliccomm        < PublicCommunityString<string> >",
-    "Public",
+    "\nEdit Public Community String successfully!",
 };
 constexpr FixedCommunity PRIVATE_COMMUNITY = {
     SNMP_PRIVATE_COMMUNITY,
     "\nsnmp editprivatecomm        < PrivateCommunityString<string> >",
-    "Private",
+    "\nEdit Private Community String successfully!",
 };
 constexpr int FIXED_COMMUNITIES = 2;
 
@@ -71,10 +70,7 @@ int edit_community(const CliContext &cli, const FixedCommunity &community) {
         return refuse("\nNo Community String !!\n");
     if (cfg_set_plain(name, community.node) != 0)
         return refuse("\nUnable to Edit!\n");
-    char message[64]; // far above the longest
-    std::snprintf(message, sizeof message, "\nEdit %s Community String successfully!",
-                  community.name);
-    return finish_snmp_change(message);
+    return finish_snmp_change(community.edited_line);
 }
 
 } // namespace

@@ -317,7 +317,7 @@ int delete_snmp_view(CliContext &cli, const char *, CliCommand *) {
             break;
         remove_snmp_row(SNMP_VIEWS, *row);
     }
-    return finish_snmp_deletion(SNMP_VIEWS);
+    return finish_snmp_change(SNMP_VIEWS.deleted_line);
 }
 
 int show_snmp_users(CliContext &, const char *, CliCommand *) {

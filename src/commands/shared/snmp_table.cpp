@@ -5,7 +5,6 @@
 #include "config/xmldb_client.h"
 #include "shell/output.h"
 
-#include <cstdio>
 #include <cstring>
 
 namespace {
@@ -31,7 +30,7 @@ int last_deletion_connection = -1;
 constinit const SnmpTable SNMP_USERS = {
     .capacity = 10,
     .columns = USER_COLUMNS,
-    .deleted_noun = "User",
+    .deleted_line = "\nUser has been deleted successfully",
     .taken_noun = "username",
     .full_line = "The user table is full.",
     .missing_noun = "specified username",
@@ -41,7 +40,7 @@ constinit const SnmpTable SNMP_USERS = {
 constinit const SnmpTable SNMP_GROUPS = {
     .capacity = 30,
     .columns = GROUP_COLUMNS,
-    .deleted_noun = "Group",
+    .deleted_line = "\nGroup has been deleted successfully",
     .taken_noun = "group name",
     .full_line = "\nThe group table is full.",
     .missing_noun = "specified groupname",
@@ -52,7 +51,7 @@ constinit const SnmpTable SNMP_GROUPS = {
 constinit const SnmpTable SNMP_VIEWS = {
     .capacity = 30,
     .columns = VIEW_COLUMNS,
-    .deleted_noun = "View",
+    .deleted_line = "\nView has been deleted successfully",
     .taken_noun = "view name",
     .full_line = "\nThe view table is full.",
 };
@@ -60,7 +59,7 @@ constinit const SnmpTable SNMP_VIEWS = {
 constinit const SnmpTable SNMP_HOSTS = {
     .capacity = 10,
     .columns = HOST_COLUMNS,
-    .deleted_noun = "Host",
+    .deleted_line = "\nHost has been deleted successfully",
     .taken_noun = "HostIP",
     .full_line = "\nThe Host table is full.",
     .missing_noun = "host",
@@ -70,7 +69,7 @@ constinit const SnmpTable SNMP_HOSTS = {
 constinit const SnmpTable SNMP_COMMUNITIES = {
     .capacity = 10,
     .columns = COMMUNITY_COLUMNS,
-    .deleted_noun = "Community",
+    .deleted_line = "\nCommunity has been deleted successfully",
     .taken_noun = "community name",
     .full_line = "\nThe community table is full.",
     .missing_noun = "community",
@@ -134,13 +133,6 @@ void remove_snmp_row(const SnmpTable &table, int row) {
         cells_of(column).remove(row);
 }
 
-int finish_snmp_deletion(const SnmpTable &table) {
-    char message[64]; // far above the longest
-    std::snprintf(message, sizeof message, "\n%s has been deleted successfully",
-                  table.deleted_noun);
-    return finish_snmp_change(message);
-}
-
 int delete_snmp_row(const SnmpTable &table, const char *name, std::size_t limit) {
     const ListPlace place = find_snmp_row(table, name, limit);
     if (place.result == SearchResult::Unreadable)
@@ -154,7 +146,7 @@ int delete_snmp_row(const SnmpTable &table, const char *name, std::size_t limit)
     for (const char *column : table.columns)
         xmldb_del(connection, 0, cells_of(column).path(*row).data());
     keep_deletion_connection(std::move(connection));
-    return finish_snmp_deletion(table);
+    return finish_snmp_change(table.deleted_line);
 }
 
 bool SnmpRow::read(std::span<const SnmpColumn> columns, int row) {

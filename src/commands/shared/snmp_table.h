@@ -26,7 +26,7 @@ enum SnmpVersion : std::int32_t { SNMP_V1 = 1, SNMP_V2C, SNMP_V3 };
 struct SnmpTable {
     int capacity;
     std::span<const char *const> columns; // the name's first
-    const char *deleted_noun;             // "User", as in "User has been deleted successfully"
+    const char *deleted_line;             // reports a deletion
     const char *taken_noun;               // "username", as in "The username 'x' existed."
     const char *full_line;                // refuses a row too many
     // "host" and "is not found", as in "The host 'x' is not found"; not used for the views.
@@ -94,9 +94,6 @@ void keep_deletion_connection(UniqueFd connection);
 
 // Deletes the nodes of a row, each on a connection of its own.
 void remove_snmp_row(const SnmpTable &table, int row);
-
-// Closes a deletion as finish_snmp_change does.
-int finish_snmp_deletion(const SnmpTable &table);
 
 // A column of a listing; at most `limit` characters of it are read.
 struct SnmpColumn {
