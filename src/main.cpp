@@ -4,7 +4,7 @@
 #include "shell/script.h"
 #include "tables/root.h"
 
-// Two doors to one table of commands: the console, and wap-sh for lines from elsewhere.
+// One table of commands, entered by the console and by wap-sh, which takes lines from scripts.
 int main(int argc, char **argv) {
     prepare_process();
     if (argc > 1 && is_script_name(argv[0]))

@@ -52,7 +52,7 @@ void scan_for_access_points() {
     run_command("sh /etc/templates/ap_comp.sh %s", band);
 }
 
-// The columns do not line up with the heading. Deliberate. Their nodes are read in column order.
+// Reads the nodes in column order. The columns do not line up with the heading. Deliberate.
 void print_scan_result(int interface, int index, ReadTarget mac, ReadTarget ssid) {
     static constexpr const char *TYPES[] = {"new    ", "valid  ", "neighbor      ", "rogue  "};
     static constexpr const char *BANDS[] = {"B      ", "G   ", "N   ", "A   "};
@@ -69,9 +69,9 @@ void print_scan_result(int interface, int index, ReadTarget mac, ReadTarget ssid
     cli_printf("%s\n", number("status") != 0 ? "Up" : "Down");
 }
 
-// The slot in which a scan result is classified: its own, else the first free one, else the one
-// after the last (deliberate). Reads the scan result's address again for each slot. Nothing when an
-// address could not be read.
+// The slot for a scan result: the one with its address, else the first free one, else the one after
+// the last (deliberate). Reads the scanned address again for each slot. Nothing when an address
+// could not be read.
 std::optional<int> slot_for(const CliContext &cli, int scan_row, ValueBuffer &scanned,
                             ValueBuffer &classified) {
     for (int slot = 1; slot <= ROGUE_CAPACITY; ++slot) {
@@ -124,7 +124,7 @@ int get_rogue_aps(CliContext &cli, const char *, CliCommand *) {
         return refuse(MEMORY_ERROR);
     for (int index = 1; index <= LIST_BOUND; ++index) {
         cfg_get(mac, CLASSIFIED, interface_number(cli), index, "mac");
-        // Also read past the last one.
+        // Read even past the last one.
         const int type = cfg_number(CLASSIFIED, interface_number(cli), index, "type");
         if (mac.empty())
             break;
@@ -142,7 +142,7 @@ int set_rogue_ap(CliContext &cli, const char *, CliCommand *) {
     const char *mac = arg_next(cli);
     if (!complete || std::strlen(mac) != std::size(MacText{}) - 1)
         return refuse("error rogue ap setting!\n");
-    cli_printf("ddddd\n"); // a trace that belongs to the command
+    cli_printf("ddddd\n"); // a debugging trace. Deliberate.
     // Interface 1 for both bands. Deliberate.
     cfg_set(type, "/wlan/inf:1/rogue_ap/client:%s/type", index);
     cfg_set(mac, "/wlan/inf:1/rogue_ap/client:%s/mac", index);

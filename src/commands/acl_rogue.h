@@ -1,5 +1,5 @@
-// The access control list of a radio's clients, by MAC address, and the access points nearby, as
-// the administrator classifies them.
+// The access control list of a radio's clients, by MAC address, and the classification of access
+// points nearby.
 #pragma once
 
 #include "commands/shared/rows.h"
@@ -11,12 +11,10 @@ inline constexpr int ACL_TABLE_ROWS = 512;
 
 const char *acl_mode_name(int mode);
 
-// All of these refuse without memory: "memory error!".
-
-// Word MAC, added to the access control list as typed.
+// Word MAC, stored as typed.
 CliHandler add_acl_address;
 
-// Word MAC: any word that is in the list.
+// Word MAC, which need not be well-formed.
 CliHandler delete_acl_address;
 
 // Prints the access points that the administrator classified.
@@ -28,7 +26,7 @@ CliHandler set_rogue_ap;
 // Scans for access points and prints what was found.
 CliHandler get_intrusion;
 
-// Words INDEX TYPE, the type 0..3: classifies a scan result and saves the configuration.
+// Words INDEX TYPE, TYPE 0..3: classifies a scan result and saves the configuration.
 CliHandler set_intrusion;
 
 inline constinit auto acl_rows = command_table({

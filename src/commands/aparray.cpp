@@ -45,7 +45,7 @@ int set_array_name(CliContext &cli, const char *, CliCommand *) {
     const char *name = arg_next(cli);
     if (name == nullptr)
         return refuse("No arrayname!\n");
-    cli_printf("AP array arrayname:%s\n", name); // also before it is refused
+    cli_printf("AP array arrayname:%s\n", name); // even if it is refused
     if (std::strlen(name) > ARRAY_NAME_LIMIT)
         return refuse("No arrayname!\n");
     cfg_set(name, "/wlan/inf:1/arrayname");

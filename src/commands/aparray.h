@@ -1,4 +1,4 @@
-// Membership of an access-point array, and which settings the array keeps in step.
+// Membership of an access-point array, and the settings that the array keeps in step.
 #pragma once
 
 #include "commands/shared/rows.h"
@@ -6,7 +6,7 @@
 #include "config/sync_items.h"
 #include "shell/dispatch.h"
 
-// A name of at most 32 characters. Echoes it even when it then refuses it.
+// Word NAME, of at most 32 characters. Echoes it, even if it is refused.
 CliHandler set_array_name;
 
 // Shows the configured role and the one in use.
@@ -52,7 +52,7 @@ consteval auto sync_words() {
     return words;
 }
 
-// Stands before an item's word among the get rows.
+// What precedes an item's word in the get rows.
 inline constexpr char SYNC_ROW_PREFIX[] = "array-sync-";
 
 inline constexpr auto SYNC_WORDS = sync_words();
@@ -77,7 +77,7 @@ inline constexpr auto aparray_set_rows = command_rows({
     family("array_syncnode_disable", "set array_syncnode disable", array_sync_disable_rows),
 });
 
-// The name's buffer is smaller than the others.
+// The limit for the name is lower than for the others.
 inline constexpr std::size_t ARRAY_NAME_READ_LIMIT = 64;
 
 inline constexpr CliHandler *show_array_password =
@@ -97,7 +97,7 @@ inline constexpr auto array_get_rows = command_rows({
     {"arraytable", "Display AP Array table info.", show_array_password, nullptr, HIDDEN_TAG},
 });
 
-// The band's flag is only shown: no item stands behind it.
+// The band's flag is only shown; no item belongs to it.
 inline constexpr auto array_sync_band_get_rows = command_rows({
     {"array-sync-band", "Display AP Array sync band state",
      show_switch<"/aparray/sync/band", "AP Array sync band status is %s\n", CANT_ALLOC_MEMORY>},

@@ -3,7 +3,7 @@
 
 #include "shell/command.h"
 
-// Restarts what changed. Silently refused when no service is to be restarted.
+// Restarts the services whose settings changed. Silently refused when there are none.
 CliHandler set_apply;
 
 inline constexpr auto apply_set_rows = command_rows({

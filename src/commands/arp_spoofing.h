@@ -5,15 +5,12 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// `set arpspoofing add <ip> <mac>`: writes the first free one of eight rules. Refuses a full table,
-// and invalid words with its usage.
+// Words ADDRESS MAC, written to the first free one of eight rules. Refused when the table is full.
 CliHandler add_arp_rule;
 
-// `set arpspoofing delete <1..8>`: leaves a hole, at which the list then ends. Refuses other words
-// with its usage.
+// Word RULE, 1..8. Leaves a hole, at which the list ends.
 CliHandler delete_arp_rule;
 
-// These two ignore words.
 CliHandler delete_arp_rules;
 CliHandler get_arp_rules;
 

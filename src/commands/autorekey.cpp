@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr int REKEYED_SLOTS = 7; // deliberately more than the console manages otherwise
+constexpr int REKEYED_SLOTS = 7; // more than other commands manage. Deliberate.
 
 int show_time_usage() {
     print_lines({"usage:set autorekey time [change time] [start week] [start time]",
@@ -92,7 +92,7 @@ int set_rekey_mail(CliContext &cli, const char *, CliCommand *) {
     cfg_set(index, MAIL_PROFILE_NODE);
     for (const char *field : {"authtype", "ssl"}) {
         const char *state = arg_next(cli);
-        // What was written so far stays, and no bit is set. Deliberate.
+        // Keeps what has been written, and restarts nothing. Deliberate.
         if (unsigned_value(state) > 1)
             return show_mail_usage();
         write_mail_field(profile, field, state);
@@ -115,8 +115,8 @@ int get_rekey(CliContext &cli, const char *, CliCommand *) {
     const int hours = cfg_number("/wlan/inf:1/autorekey/time");
     cli_printf("auto rekey change time: %d day, %d hour\n", hours / 24, hours % 24);
 
-    // The schedule is that of interface 1, the keys are the current band's; deliberately the
-    // reverse of the setters.
+    // The schedule is interface 1's, the keys are the current band's: the reverse of the setters.
+    // Deliberate.
     const int interface = interface_number(cli);
     if (cfg_number("/wlan/inf:%d/autorekey/ssid/enable", interface) == 1) {
         cfg_get(value, "/runtime/wlan/inf:%d/wpa/wpapsk", interface);

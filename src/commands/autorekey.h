@@ -5,7 +5,7 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// The setters return CLI_DONE even after the usage lines of a refusal.
+// The setters print their usage for wrong words and return CLI_DONE.
 
 // Words HOURS DAY TIME: HOURS begins with a digit and is 1..168, DAY and TIME are any text.
 CliHandler set_rekey_time;
@@ -13,7 +13,8 @@ CliHandler set_rekey_time;
 // Words SSID STATE: SSID 0 is the primary one, 1..7 are slots; STATE is 0 or 1.
 CliHandler set_rekey_ssid;
 
-// A refusal after the first word keeps what was written before it.
+// Words PROFILE AUTH SSL SERVER FROM TO USER PASSWORD PORT: PROFILE 1..3, AUTH and SSL 0 or 1. A
+// wrong AUTH or SSL keeps what was written before it.
 CliHandler set_rekey_mail;
 
 // Shows the schedule and the current keys.

@@ -23,7 +23,7 @@ UsualValue read_channel(const char *prefix, int index) {
     return channel;
 }
 
-// Null for a code that no country has.
+// Null for an unknown code.
 const char *country_name(int code) {
     for (const Country &country : SETTABLE_COUNTRIES) {
         if (country.code == code)
@@ -32,8 +32,8 @@ const char *country_name(int code) {
     return code == 276 ? "DE" : nullptr; // shown, but no word sets it
 }
 
-// How a list of channels is laid out: each number that `row` divides begins a new line, behind
-// `indent` blanks and so below the first channel.
+// The layout of a list of channels: every `row`th begins a new line, indented by `indent` blanks to
+// line up with the first.
 struct ListLayout {
     const char *heading;
     int row;

@@ -1,4 +1,4 @@
-// The channel, the channels that may be used, and the country that decides it.
+// The channel, the channels that the country allows, and the country.
 #pragma once
 
 #include "commands/shared/wireless_numbers.h"
@@ -35,14 +35,14 @@ inline constexpr Country SETTABLE_COUNTRIES[] = {
 // not be read.
 std::optional<int> read_country_code();
 
-// Word CHANNEL, written as typed when the band's run-time table holds it. Otherwise says why, lists
-// the channels and returns CLI_DONE all the same.
+// Word CHANNEL, stored as typed when the band's run-time table has it. Otherwise reports why, lists
+// the channels and returns CLI_DONE.
 CliHandler set_channel;
 
-// Prints the country, has the run-time tables generated again and prints them for both bands.
+// Prints the country, regenerates the run-time tables and prints them for both bands.
 CliHandler get_available_channels;
 
-// Sets the device's country to the one of the typed row.
+// Sets the country of the row that was typed.
 CliHandler set_country;
 
 CliHandler get_country;

@@ -73,7 +73,7 @@ void print_client(const Ssid &ssid, int client, ValueBuffer &value) {
     print_lines({"---------------------------------------------------------------------"});
 }
 
-// Up to the first client that has been connected for no time.
+// Ends at the first client with a connection time of 0.
 void print_clients(const Ssid &ssid, ValueBuffer &value) {
     for (int client = 1; client <= LIST_BOUND; ++client) {
         read_field(value, ssid, client, "time");

@@ -3,8 +3,6 @@
 
 #include "shell/command.h"
 
-// All are refused after "memory error!".
-
 // Prints the wireless clients of the primary SSID and, when they are on, of the other SSIDs.
 CliHandler get_client_info;
 

@@ -25,7 +25,7 @@ constexpr StaticColumn MACS = {NumberedList("/lan/dhcp/server/pool:1/staticdhcp/
 
 // `stored` is the buffer for the entries.
 int add_to_column(const StaticColumn &column, ValueBuffer &stored, const char *text) {
-    // Entries past the end of the pool count as duplicates, too.
+    // Entries past the end of the pool are searched for duplicates, too.
     const ListPlace place = find_in_list(column.list, stored, text, LIST_BOUND);
     if (place.result == SearchResult::Unreadable)
         return CLI_REFUSED;

@@ -10,15 +10,16 @@
 
 inline constexpr int STATIC_LEASE_COUNT = 25;
 
-// One word, stored as typed. Refuses a wrong number of words.
+// One word, stored as typed.
 CliHandler set_dhcp_leasetime;
 
 // Switch the static lease of the typed row on or off.
 CliHandler enable_static_lease;
 CliHandler disable_static_lease;
 
-// Write a word to the first empty host name, address or MAC of the static leases, each column on
-// its own. Refused when an entry before it holds the same text, or when all 25 are filled.
+// Write a word to the first empty host name, address or MAC of the static leases; each column is
+// filled separately. Refused when an entry before it holds the same text, or when all 25 are
+// filled.
 CliHandler add_static_hostname;
 CliHandler add_static_ip;
 CliHandler add_static_mac;
@@ -34,7 +35,7 @@ inline constexpr auto STATIC_LEASE_ENABLE_HELP =
 
 consteval auto static_lease_disable_help() {
     auto help = texts_around<2>("disable dhcp staticip pool ", STATIC_LEASE_NUMBERS, "");
-    // Says the opposite. Deliberate.
+    // One says the opposite. Deliberate.
     std::ranges::copy(STATIC_LEASE_ENABLE_HELP[21], help[21].begin());
     return help;
 }
@@ -50,11 +51,11 @@ inline constinit auto static_lease_disable_rows =
 inline constexpr auto dhcp_set_rows = command_rows({
     family("dhcp_server", "Set dhcp server states ",
            switch_rows<"/lan/dhcp/server/enable", APPLY_DHCPD, "dhcp server">),
-    // Not the node that `get dhcp_staticip_mode` shows, which is the running server's. Deliberate,
-    // as is the path without its leading slash.
+    // `get dhcp_staticip_mode` shows the running server's node instead. Deliberate, as is the
+    // missing leading slash.
     family("dhcp_server_static_ip_mode", "Set dhcp server static ip mode states ",
            switch_rows<"lan/dhcp/server/pool:1/staticDhcp/enable", APPLY_DHCPD, "dhcp server">),
-    // This address and the netmask restart the LAN side, the others only the server. Deliberate.
+    // This address and the netmask restart the LAN, the others only the server. Deliberate.
     {"dhcp_startip", "Set dhcp server start ip  ",
      set_host_address<"/lan/dhcp/server/pool:1/startip", APPLY_LAN, "No IP Address!\n">},
     {"dhcp_endip", "Set dhcp server end ip  ",

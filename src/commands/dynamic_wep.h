@@ -37,7 +37,7 @@ inline constexpr SlotDisplay SHOWN_DYNAMIC_WEP_LENGTH{
 inline constexpr SlotDisplay SHOWN_DYNAMIC_WEP_INTERVAL{
     "/d_wep_rekey_interval", "Dynamic WEP Rekey Interval of Multi-SSID", SlotValue::Number};
 
-// Runs a command line as run_fixed does and marks the wireless service for restart.
+// Like run_fixed, and restarts the radio at the next apply.
 template <FixedText Command>
 int run_wlan_setting(CliContext &cli, const char *word, CliCommand *subtable) {
     run_fixed<Command>(cli, word, subtable);

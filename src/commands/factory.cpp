@@ -12,20 +12,20 @@ namespace {
 
 constexpr char CONFIG_FILE[] = "/var/config.bin";
 
-// What is read of a saved configuration.
+// How much of a saved configuration is read.
 constexpr std::size_t CONFIG_LIMIT = 10240;
 
 // A saved configuration begins with a header that differs between saves.
 constexpr std::size_t HEADER_SIZE = 100;
 
-// The configuration goes back without its signature and the separator, but with a length that is
-// two bytes more than what is left. Deliberate; these bytes are zeros.
+// The file is written without the signature and its separator, but its length is two bytes more
+// than what is left; these bytes are zeros. Deliberate.
 constexpr std::size_t EXCESS_SIZE = 2;
 
-// Lacks the 0 that would make it octal; the mode is 1204 in octal. Deliberate.
+// Decimal, so 1204 in octal. Deliberate.
 constexpr mode_t CONFIG_MODE = 644;
 
-// A configuration that the system tool saved.
+// A configuration saved by the system tool.
 class SavedConfig {
 public:
     explicit operator bool() const { return static_cast<bool>(bytes_); }
@@ -41,7 +41,7 @@ public:
         return true;
     }
 
-    // Writes the file without a signature of `signature_length` bytes. False when nothing is
+    // Writes the file without a signature of `signature_length` bytes. False when nothing was
     // written.
     [[nodiscard]] bool write_file(std::size_t signature_length) const {
         const UniqueFd file(
@@ -54,7 +54,7 @@ public:
 
     [[nodiscard]] int length() const { return static_cast<int>(length_); }
 
-    // Compares what stands behind the headers of two configurations of the same length.
+    // Compares two configurations of the same length, without their headers.
     [[nodiscard]] bool has_settings_of(const SavedConfig &other) const {
         return length_ <= HEADER_SIZE ||
                std::memcmp(bytes_.text() + HEADER_SIZE, other.bytes_.text() + HEADER_SIZE,
@@ -74,7 +74,7 @@ void remove_file() {
     run_command("rm -f /var/config.bin");
 }
 
-// Puts the running settings back that were set aside.
+// Restores the running settings, which were set aside.
 void restore_settings() {
     remove_file();
     run_command("mv /var/config2.bin /var/config.bin");
@@ -83,7 +83,7 @@ void restore_settings() {
     remove_file();
 }
 
-// Writes the running settings to the file again, in the form that can be loaded.
+// Writes the running settings to the file in the form that can be loaded.
 void write_loadable(const SavedConfig &current) {
     ShortValue<50> signature;
     cfg_get(signature, "/runtime/layout/image_sign");

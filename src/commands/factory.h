@@ -1,14 +1,14 @@
-// Going back to the factory settings, and telling whether the device runs them.
+// Restoring the factory settings, and comparing the running settings with them.
 #pragma once
 
 #include "commands/shared/rows.h"
 
-// Loads the factory settings, saves them and asks for a reboot.
+// Loads the factory settings, saves them and asks the administrator to reboot.
 CliHandler set_factory_default;
 
-// `isfactorydefault`: loads the factory settings to compare a save of them with one of the running
-// settings, then restores those, saves them and prints the result. Only the first 10240 bytes of a
-// save are read and restored.
+// `isfactorydefault`: compares saved files of the running and of the factory settings. Loads the
+// factory settings for that, then restores and saves the running ones and prints the result. Only
+// the first 10240 bytes of a file are read and restored.
 CliHandler compare_with_factory;
 
 inline constexpr auto factory_set_rows = command_rows({

@@ -28,11 +28,11 @@ inline constexpr FixedRate FIXED_RATES[] = {
     {"1M", "fixrdrate 1M", 0, NO_RATE_CODE},
 };
 
-// Writes the row's code for the current radio. A rate that the radio does not have is not
-// written, silently, and the radio restarts all the same.
+// Writes the row's code for the current radio. A rate that the radio does not have is silently not
+// written, but the radio is still marked for a restart.
 CliHandler set_fixed_rate;
 
-// Prints the rate's word; for a code that the radio does not have, its lowest rate.
+// Prints the rate's word; for an unknown code, the radio's lowest rate.
 CliHandler get_fixed_rate;
 
 inline constinit auto fixed_rate_rows = command_table_of(FIXED_RATES, [](const FixedRate &rate) {

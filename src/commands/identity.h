@@ -1,4 +1,4 @@
-// Which firmware runs, what the device is called, and whether it answers pings.
+// The firmware version, the device's name and location, and the answering of pings.
 #pragma once
 
 #include "commands/shared/rows.h"

@@ -25,7 +25,7 @@ struct SlotCopy {
     const char *value;
 };
 
-// Updates the copies in the slots that use the key; stops at a slot that cannot be read.
+// Updates the copies in the slots that use the key. Refused at a slot that cannot be read.
 int write_slot_copies(int index, std::initializer_list<SlotCopy> copies) {
     for (int slot = 1; slot <= SLOT_COUNT; ++slot) {
         const std::optional<int> used =
@@ -40,14 +40,14 @@ int write_slot_copies(int index, std::initializer_list<SlotCopy> copies) {
     return CLI_DONE;
 }
 
-// The number of characters of a key of `keylength` bits, of which 24 are public; negative for an
-// unset length.
+// The number of characters of a key of `keylength` bits, of which 24 are not secret; negative for
+// an unset length.
 std::int64_t key_characters(int keylength, int format) {
     const std::int64_t secret_bits = std::int64_t{keylength} - 24;
     return secret_bits / (format == FORMAT_ASCII ? 8 : 4);
 }
 
-// The message for a key's invalid text; null when it is valid.
+// The message for an invalid key; null for a valid one.
 const char *key_fault(const char *key, int keylength, int format) {
     const bool known_format = format == FORMAT_ASCII || format == FORMAT_HEXADECIMAL;
     const auto length = static_cast<std::int64_t>(std::strlen(key));

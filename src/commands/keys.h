@@ -1,6 +1,6 @@
 // Keys of the primary SSID: WEP keys, passphrase, group key interval; and the administrator's
-// login. Both bands use the WEP keys of interface 1. Multi-SSID slots that use a key hold copies of
-// it.
+// login. Both bands use the WEP keys of interface 1. A multi-SSID slot holds a copy of the key that
+// it uses.
 #pragma once
 
 #include "commands/shared/rows.h"
@@ -17,7 +17,7 @@ const char *key_format_name(int format);
 
 inline constexpr char WEP_KEY_OUT_OF_RANGE[] = "Please specify the correct key index (1--4).\n";
 
-// Values that the primary SSID and the multi-SSID slots share, and their refusals.
+// Rules and refusals that the primary SSID and the multi-SSID slots share.
 inline constexpr ValueRule PASSPHRASE_RULE{
     .kind = ValueKind::Text,
     .low = 8,
@@ -78,8 +78,7 @@ inline constexpr KeyAttribute KEY_FORMAT{
     .wrong_input = "Wrong input parameters. Please input wep key format and key index (1-4).  \n",
 };
 
-// Word KEY. Sets an attribute of the key; when it changes, the key and its copies are cleared.
-// Returns 0, or -1 after the refusal.
+// Word KEY. Sets an attribute of the key; a change clears the key and its copies.
 int change_key_attribute(CliContext &cli, const KeyAttribute &attribute, const char *value);
 
 template <const KeyAttribute &Attribute, FixedText Value>
@@ -87,9 +86,9 @@ int change_key(CliContext &cli, const char *, CliCommand *) {
     return change_key_attribute(cli, Attribute, Value.text);
 }
 
-// The setters refuse a wrong number of words, a key outside 1..4 and missing memory.
+// In the following, KEY is a number from 1 to 4.
 
-// Words KEY TEXT, with exactly the characters that the key's length and format require.
+// Words KEY TEXT. The text must fit the key's length and format.
 CliHandler set_key;
 
 // Word KEY. Clears it and resets it to 64 bits in hexadecimal digits.
@@ -98,12 +97,11 @@ CliHandler delete_key;
 // Word KEY. Makes it the default key and copies its length and format.
 CliHandler set_default_key;
 
-// Word KEY. Other words are reported and return 0. The first two run the database's tool.
+// Word KEY. Other words are reported and return CLI_DONE. The first two run the database's tool.
 CliHandler get_key;
 CliHandler get_key_length;
 CliHandler get_key_format;
 
-// Returns 0; or -1 after "memory error!".
 CliHandler get_all_keys;
 
 inline constinit auto key_length_rows = command_table({

@@ -9,7 +9,7 @@ namespace {
 constexpr char MODE[] = "/wan/rg/inf:1/mode";
 constexpr int STATIC_MODE = 1; // every other mode counts as dynamic
 
-// Only the mode's first character counts here, in other displays the whole text. Deliberate.
+// Reads only the mode's first character, unlike other displays. Deliberate.
 bool mode_begins_static() {
     ShortValue<1> mode;
     cfg_get(mode, MODE);

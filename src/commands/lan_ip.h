@@ -1,12 +1,11 @@
-// The device's own address: IP address, netmask, gateway, DNS server, and where they come from.
+// The device's own IP address, netmask, gateway and DNS server, and whether they are static.
 #pragma once
 
 #include "commands/shared/rows.h"
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// The values in use: the configured ones while the address is static, else those that the DHCP
-// client got.
+// The values in use: the configured ones in static mode, else those from the DHCP server.
 CliHandler get_ip_address;
 CliHandler get_ip_mask;
 CliHandler get_gateway;

@@ -20,8 +20,7 @@ PoolSearch find_pool() {
             UsualValue text;
             if (cfg_get(text, "/sys/adminlimit/ipentry/index:%d/%s", pool, edge) != 0)
                 return PoolSearch::Unreadable;
-            // An invalid address counts as well: inet_addr returns its mark of failure, which is
-            // not 0. Deliberate.
+            // An invalid address counts, too: inet_addr does not return 0 for it. Deliberate.
             if (!text.empty() && inet_addr(text.text()) != 0)
                 return PoolSearch::Found;
         }

@@ -1,11 +1,10 @@
-// Limited administration: managing the device only from one VLAN, from up to four address pools,
-// or both.
+// Limited administration: only one VLAN, up to four address pools, or both may manage the device.
 #pragma once
 
 #include "commands/shared/rows.h"
 #include "shell/dispatch.h"
 
-// Holds the type: 0, or what administration is limited by.
+// Holds the type: 0, or the limits as bits.
 inline constexpr char ADMIN_LIMIT_TYPE[] = "/sys/adminlimit/status";
 inline constexpr int LIMITED_BY_VLAN = 1;
 inline constexpr int LIMITED_BY_ADDRESS = 2;
@@ -14,24 +13,23 @@ inline constexpr int LIMITED_BY_BOTH = LIMITED_BY_VLAN | LIMITED_BY_ADDRESS;
 // True when the type, as read from its node, is valid and includes the limit.
 bool includes_limit(int type, int limit);
 
-// The setters return 0, also after refusing the words; or -1 after a failed read.
+// The setters return CLI_DONE after a message about wrong words, too.
 
-// `set ladtype <0..3>`. A type that includes address pools needs at least one pool; a type that
-// includes the VLAN switches VLAN operation off.
+// Word TYPE, 0..3. A type with address pools needs at least one pool; a type with the VLAN switches
+// VLAN operation off.
 CliHandler set_admin_limit_type;
 
-// `set ladvid <1..4094>`.
+// Word VID, 1..4094.
 CliHandler set_admin_limit_vid;
 
-// `set ladippool-add <index> <start> <end>`: both edges are stored as typed; an index outside 1..4
-// is ignored silently. Removes the pools from the type when none is left.
+// Words POOL START END: both addresses are stored as typed; a POOL outside 1..4 is silently
+// ignored. Removes the pools from the type when all are empty.
 CliHandler add_admin_pool;
 
-// `set ladippool-del <1..4>`.
+// Word POOL, 1..4.
 CliHandler delete_admin_pool;
 
-// `get ladvid` and `get ladippool <1..4>`. Return 0; or -1 after "Error: fail to allocate memery"
-// for a failed read.
+// A failed read is refused with FAIL_TO_ALLOCATE. The pool's takes a word POOL, 1..4.
 CliHandler get_admin_limit_vid;
 CliHandler get_admin_pool;
 

@@ -1,14 +1,13 @@
-// The MAC address that the device presents in place of its own.
+// The MAC address that the device presents instead of its own.
 #pragma once
 
 #include "commands/shared/rows.h"
 
-// `set macclonetype disable|auto|manual`. An unknown type is reported and returns CLI_DONE; a
-// missing one is refused silently.
+// Word "disable", "auto" or "manual". Another is reported and returns CLI_DONE; a missing one is
+// silently refused.
 CliHandler set_clone_type;
 
-// Takes the first word as a MAC address. Returns CLI_DONE: after reporting a malformed one, and
-// silently without one.
+// Word MAC. Returns CLI_DONE after reporting a malformed one, and silently without one.
 CliHandler set_clone_address;
 
 // An unknown number shows as disabled.

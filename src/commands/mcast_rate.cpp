@@ -15,15 +15,15 @@ constexpr int RATES[] = {1000,  2000,  5500,  11000, 6000,  9000,   12000,  1800
                          24000, 36000, 48000, 54000, 6500,  13000,  19500,  26000,
                          39000, 52000, 58500, 65000, 78000, 104000, 117000, 130000};
 
-// What the indices mean in some of a band's wireless modes. They are below `limit`; 0 disables
-// the multicast rate.
+// The indices in some of a band's wireless modes: they are below `limit`; 0 disables the multicast
+// rate.
 struct RateClass {
     unsigned limit;
     const char *help;
 };
 
-// How a band counts: from 1 in its own part of RATES, 802.11n rates behind the legacy ones, but
-// 802.11n rates alone from 1 in the mode that has no others.
+// A band's indices: they count from 1 in its part of RATES, 802.11n rates after the legacy ones. In
+// the mode with 802.11n alone, its rates count from 1.
 struct Band {
     const char *node;
     const char *usage;

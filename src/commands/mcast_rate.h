@@ -1,14 +1,14 @@
-// The rate of multicast frames, an index into the rates that the wireless mode has.
+// The rate of multicast frames, an index into the rates of the wireless mode.
 #pragma once
 
 #include "shell/dispatch.h"
 
-// Store the one word as the band's index, as typed, when the wireless mode has that index.
-// Otherwise print the usage and return CLI_DONE all the same.
+// Word INDEX, stored as typed when the wireless mode has it. Otherwise the usage is printed and the
+// result is CLI_DONE.
 CliHandler set_mcast_rate_2g;
 CliHandler set_mcast_rate_5g;
 
-// Prints the rate of the band that the device runs.
+// Prints the rate of the operating band.
 CliHandler get_mcast_rate;
 
 inline constinit auto mcast_rate_rows = command_table({

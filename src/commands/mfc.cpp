@@ -11,7 +11,7 @@ int print_answer(CommandFormat<std::type_identity_t<Values>...> command, const V
     return show_answer<"%s\n", 1023>(command, values...);
 }
 
-// The n-th word, which the number of words has shown to exist.
+// The n-th word, which must exist.
 ShellWord word_at(const CliContext &cli, int n) {
     return ShellWord(arg_peek(cli, n));
 }
@@ -22,8 +22,7 @@ int test_radio(CliContext &cli, CommandFormat<ShellWord, ShellWord> command, con
     return print_answer(command, word_at(cli, 0), word_at(cli, 1));
 }
 
-// For a number of words other than 1: prints the usage when there is none; more are refused
-// silently. Deliberate.
+// Prints the usage when there is no word; several words are refused silently. Deliberate.
 int refuse_word_count(const CliContext &cli, const char *usage) {
     if (arg_count(cli) == 0)
         print_lines({usage});
@@ -33,7 +32,7 @@ int refuse_word_count(const CliContext &cli, const char *usage) {
 } // namespace
 
 int mfc_init(CliContext &cli, const char *, CliCommand *) {
-    // Names five items of which four are taken. Deliberate.
+    // The usage names five items; four are taken. Deliberate.
     if (arg_count(cli) != 4)
         return refuse("mfc init <lanmac> XX:XX:XX:XX:XX:XX <hwrev> <countrycode> <pin> \n");
     MacText mac;
@@ -43,7 +42,7 @@ int mfc_init(CliContext &cli, const char *, CliCommand *) {
                         word_at(cli, 3));
 }
 
-// These two name the bands as the tool once did. Deliberate.
+// The usage lines name the bands differently from the tool. Deliberate.
 int mfc_test_5g(CliContext &cli, const char *, CliCommand *) {
     return test_radio(cli, "mfc wlan_5 %s %s", "mfc wlan_a <ssid> <channel> ");
 }

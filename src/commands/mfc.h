@@ -1,16 +1,16 @@
-// The production line's commands, which pass their words to the manufacturing tool and show its
+// Commands for the production line, which pass their words to the manufacturing tool and show its
 // answer.
 #pragma once
 
 #include "commands/shared/rows.h"
 
 // These print the tool's answer, up to 1023 characters, as a line. A wrong number of words is
-// refused with the usage; the exceptions are below.
+// refused with the usage, except where stated.
 
 // `mfc init LANMAC` and three more words. Refuses a malformed MAC address.
 CliHandler mfc_init;
 
-// The radio's test: words SSID CHANNEL.
+// A radio's test: words SSID CHANNEL.
 CliHandler mfc_test_5g;
 CliHandler mfc_test_24g;
 CliHandler mfc_set_country_code;
@@ -22,8 +22,8 @@ CliHandler mfc_reset;
 CliHandler mfc_button;
 CliHandler mfc_led;
 
-// Gives the WAN and the LAN the same address, which is not checked. This and the revision's print
-// up to 255 characters of each answer; no word is refused with the usage, several words silently.
+// Sets the MAC address of WAN and LAN, which is not checked. This and the revision's print up to
+// 255 characters of each answer. A missing word is refused with the usage, several words silently.
 CliHandler set_mac_address;
 CliHandler set_hardware_revision;
 

@@ -1,4 +1,4 @@
-// Multi-SSID: the feature's switches, and the settings of each slot.
+// Multi-SSID: its switches, and the settings of each slot.
 #pragma once
 
 #include "commands/keys.h"
@@ -22,7 +22,7 @@ inline constexpr SlotSwitch SLOT_SSID_HIDDEN{
                 .out_of_range = SLOT_NOT_CORRECT,
                 .error_line = "ERROR: Unable to set individual multi-SSID ssid hidden state.\n"},
 };
-// Refused with the texts of the state. Deliberate.
+// Refused with the state's texts. Deliberate.
 inline constexpr SlotSwitch SLOT_WMM{
     .leaf = "/wmm/enable",
     .refusal = SLOT_STATE.refusal,
@@ -79,7 +79,7 @@ inline constexpr ValueSetter PRIORITY{
     .value_error = "",
 };
 
-// A cipher of a slot, set by the word that sets it for the primary SSID.
+// A cipher of a slot. Its word is that of the primary SSID.
 struct SlotCipher {
     Cipher value;
     bool for_wpa;       // for WPA authentication only; false: for all others only
@@ -117,7 +117,7 @@ inline constexpr SlotAuthentication SLOT_AUTHENTICATIONS[] = {
 const char *slot_cipher_name(int cipher);
 
 inline constexpr SlotDisplay SHOWN_STATE{"/state", "Multi-SSID", SlotValue::Name, switch_name};
-// Displayed with the text of the state. Deliberate.
+// Displayed with the state's text. Deliberate.
 inline constexpr SlotDisplay SHOWN_SSID_HIDDEN{"/ssid_hidden", "Multi-SSID", SlotValue::Name,
                                                switch_name};
 inline constexpr SlotDisplay SHOWN_PARTITION{"/w_partition", "Multi-SSID", SlotValue::Name,
@@ -153,21 +153,21 @@ inline constexpr SlotDisplay SHOWN_PRIORITY{
 };
 
 // Changes an operating mode that excludes multi-SSID to the access point mode, and reports it.
-// Returns 0; or -1 after "memory error!" or a failed read.
 CliHandler enable_multi_ssid;
 
 // Word SLOT. Other words, and a cipher that does not fit the slot's authentication type, are
-// reported and return 0. The cipher's returns -1 after " can't alloc memory " or a failed read.
+// reported and return CLI_DONE.
 CliHandler set_slot_authentication;
 CliHandler set_slot_cipher;
 
 // Word SLOT: sets no cipher and open-system authentication.
 CliHandler set_slot_cipher_none;
 
-// Of the primary SSID. Returns 0; or -1 after " can't alloc memory.".
+// The priority of the primary SSID.
 CliHandler get_priority;
 
-// Word SLOT: the key of the primary SSID that the slot uses. Returns as show_slot_value does.
+// Word SLOT: the key of the primary SSID that the slot uses. Other words are reported and return
+// CLI_DONE.
 CliHandler get_slot_wep_key;
 
 inline constinit auto multi_state_rows = command_table({
@@ -190,7 +190,7 @@ inline constinit auto multi_wmm_rows = command_table({
     {"disable", "disable wmm of Multi-SSID [index]", switch_slot<SLOT_WMM, "0">},
 });
 
-// Stored the other way round: 0 keeps the clients apart. Deliberate.
+// Stored inverted: 0 keeps the clients apart. Deliberate.
 inline constinit auto multi_partition_rows = command_table({
     {"enable", "enable w_partition of Multi-SSID [index]", switch_slot<SLOT_PARTITION, "0">},
     {"disable", "disable w_partition of Multi-SSID [index]", switch_slot<SLOT_PARTITION, "1">},

@@ -8,7 +8,7 @@
 
 namespace {
 
-// False after saying so, and silently where a node could not be read.
+// False after a message, or when a node could not be read.
 bool is_wds_offered() {
     const std::optional<int> band = cfg_read_number("/wlan/ch_mode");
     if (!band)
@@ -75,7 +75,7 @@ int set_wds_mode(CliContext &cli, const char *, CliCommand *) {
         return CLI_REFUSED;
     cfg_set_number(MODE_WDS, "/wlan/inf:%d/ap_mode", interface_number(cli));
     mark_for_apply(APPLY_WLAN);
-    // As for the mode with access point. Deliberate.
+    // Checked as the mode with access point. Deliberate.
     return keep_security_supported(cli, MODE_WDS_AP);
 }
 

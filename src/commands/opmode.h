@@ -6,13 +6,11 @@
 #include "shell/dispatch.h"
 
 // Each switches off, with a notice, what the mode does not allow: multi-SSID or the wireless
-// security. Security that cannot be read is left alone, and the command is refused. The two of WDS
-// are refused on 5 GHz in Japan.
+// security. Those of WDS are refused on 5 GHz in Japan.
 CliHandler set_client_mode;
 CliHandler set_wds_ap_mode;
 CliHandler set_wds_mode;
 
-// Refused after "memory error!".
 CliHandler get_ap_mode;
 
 inline constinit auto ap_mode_rows = command_table({

@@ -30,8 +30,8 @@ constexpr char ADD_USAGE[] =
     "             host2ip <IP Address> <Range>\n"
     "             host2port <IP Port> <Range>(0~65535)\n";
 
-// The options. Each takes its words, the last ones of the line, checks them and then writes. False,
-// with nothing written, when one is invalid.
+// The options. Each takes its words, checks and writes them. False, with nothing written, when one
+// is invalid.
 
 // Some nodes are written with a slash after their path, and read without it. Deliberate.
 bool add_name(CliContext &cli, int rule, int) {

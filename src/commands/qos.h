@@ -1,4 +1,4 @@
-// Quality of service: its switches and classifiers, up to 64 rules; and the traffic manager's
+// Quality of service: its switches, classifiers and up to 64 rules; and the traffic manager's
 // switch.
 #pragma once
 
@@ -6,22 +6,21 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// `set qos rule add <index> <option> <value> [<range>]`: writes the nodes of one option of a rule.
-// Returns 0; or -1 after the usage text.
+// Words RULE OPTION VALUE [RANGE]: writes the nodes of one option of a rule. Other words are
+// refused with the usage.
 CliHandler add_qos_rule;
 
-// `set qos rule apply|suspend <index>`. Return 0; or -1 after the usage line, which for a wrong
-// index is that of `add`.
+// Word RULE. Other words are refused with the usage, a number out of range with that of `add`.
 CliHandler apply_qos_rule;
 CliHandler suspend_qos_rule;
 
-// `set qos rule delete <index>`. Returns 0, also after its usage line.
+// Word RULE. Other words are reported with the usage and return CLI_DONE.
 CliHandler delete_qos_rule;
 
-// All rules that have a name. Words are ignored.
+// Lists the rules that have a name.
 CliHandler list_qos_rules;
 
-// The displays use other names for the classifiers. Deliberate.
+// The displays name the classifiers differently. Deliberate.
 inline constinit auto qos_classifier_rows = command_table({
     family("http", "Set HTTP Classifier Status",
            reporting_switch_rows<"/qos/classifiers/http", APPLY_QOS, "HTTP Classifier Status",

@@ -24,7 +24,7 @@ void print_band() {
     cli_printf("current band is: %d (0:2.4G, 1:5G)\n", static_cast<int>(operating_band));
 }
 
-// Asks until the radio has settled after a restart, for about 100 seconds at most.
+// Waits until the radio has settled after a restart, for about 100 seconds at most.
 void wait_for_wlan() {
     for (int tries = 0; tries < 101; ++tries) {
         ShortValue<30> status;
@@ -65,7 +65,7 @@ int set_ssid(CliContext &cli, const char *, CliCommand *) {
     const char *ssid = arg_next(cli);
     if (ssid == nullptr)
         return refuse("No SSID!\n");
-    cli_printf("SSID:%s\n", ssid); // also before it is refused
+    cli_printf("SSID:%s\n", ssid); // even if it is refused
     if (std::strlen(ssid) > SSID_LIMIT)
         return refuse("No SSID!\n");
     cfg_set(ssid, "/wlan/inf:%d/ssid", interface_number(cli));

@@ -1,4 +1,4 @@
-// Radio settings: SSID, band, rates of the beacon, power, modes and the switches of the radio.
+// Radio settings: SSID, band, beacon, power, modes and switches.
 #pragma once
 
 #include "commands/shared/rows.h"
@@ -6,35 +6,34 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// The band that the device runs, 0 = 2.4 GHz, 1 = 5 GHz, as `get band` or select_band saw it last.
+// The operating band, 0 = 2.4 GHz, 1 = 5 GHz, as get_band or select_band saw it last.
 extern std::int32_t operating_band;
 
-// Word SSID, of at most 32 characters. Prints it, even if it then refuses it.
+// Word SSID, of at most 32 characters. Prints it, even if it is refused.
 CliHandler set_ssid;
 
 CliHandler set_cwm_auto;
 CliHandler set_wireless_mode;
 
-// Refused in Israel; in Japan a WDS operating mode is given up first.
+// Refused in Israel. In Japan a WDS operating mode becomes the access point mode first.
 CliHandler set_band_5g;
 
-// Reads the operating band and prints it. Refused after "memory error!".
+// Reads the operating band and prints it.
 CliHandler get_band;
 
-// Makes the one word, 0 or 1, the operating and the current band. No word is bound to it.
+// Word BAND, 0 or 1: makes it the operating and the current band. No row leads here.
 CliHandler select_band;
 
-// Prints the current band's time in microseconds. Refused after "memory error!".
+// Prints the current band's time in microseconds.
 CliHandler get_acktimeout;
 
-// Says that the hardware cannot do it.
+// Reports that the hardware does not support it.
 CliHandler report_no_radar_bang;
 
-// Word TIMES: restarts the radio that many times, waiting for it to settle. Refuses other counts of
-// words.
+// Word TIMES: restarts the radio that many times, waiting for it to settle.
 CliHandler test_wlan_restart;
 
-// Name the numbers that nodes hold; there is a name for every number.
+// Name the numbers that nodes hold, unknown ones included.
 const char *partition_name(int number);
 const char *channel_width_name(int number);
 const char *tx_power_name(int number);
@@ -57,7 +56,7 @@ inline constexpr WirelessMode WIRELESS_MODES[] = {
     {"only-n5G", "wlmode 80211n with 5G", WLMODE_N_5G, "80211n (5GHz)"},
 };
 
-// Stored the other way round: 0 keeps the clients apart. Deliberate.
+// Stored inverted: 0 keeps the clients apart. Deliberate.
 inline constinit auto w_partition_rows = command_table({
     {"enable", "enable w_partition", write_fixed<"/wlan/inf:%d/w_partition", "0", APPLY_WLAN>},
     {"disable", "disable w_partition", write_fixed<"/wlan/inf:%d/w_partition", "1", APPLY_WLAN>},

@@ -22,7 +22,7 @@ const char *refusal_notice(SecurityChange change) {
     return "";
 }
 
-// A WPA type goes with every cipher, WEP and none among them. Deliberate.
+// A WPA type goes with every cipher, even WEP and none. Deliberate.
 bool is_supported(int mode, int authentication, int cipher) {
     const bool is_client = mode == MODE_CLIENT || mode == MODE_REPEATER;
     switch (authentication) {
@@ -147,7 +147,7 @@ const char *cipher_line(int cipher) {
     return line_of(find_type(CIPHERS, cipher));
 }
 
-// The tool's writes bypass the array's bookkeeping, unlike the fix-up's. Deliberate.
+// Written by the tool, which bypasses the array's bookkeeping, unlike the fix-up. Deliberate.
 
 int set_authentication(CliContext &cli, const char *, CliCommand *) {
     const int type = item_of_current_row(AUTHENTICATION_TYPES, authentication_rows).value;
@@ -158,7 +158,7 @@ int set_authentication(CliContext &cli, const char *, CliCommand *) {
         const int fix = security_fixup(cli, SecurityChange::Authentication, type);
         if (fix == SECURITY_UNKNOWN)
             return CLI_REFUSED;
-        // A fix-up that ran out of memory goes on. Deliberate.
+        // Continues after a fix-up that ran out of memory. Deliberate.
         if (fix == SECURITY_NO_FIX)
             return CLI_DONE;
     }

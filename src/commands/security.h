@@ -16,27 +16,27 @@ enum class SecurityChange { Mode = 1, Authentication = 2, Cipher = 3 };
 inline constexpr int SECURITY_UNKNOWN = -1;  // a setting could not be read: refuse the change
 inline constexpr int SECURITY_NO_MEMORY = 2; // after "memory error!"
 
-// Asks whether the new value of one setting goes with the other two, which are read from interface
-// 1. Returns one of these, or one of the results above.
+// Checks the new value of one setting against the other two, which are read from interface 1.
+// Returns one of these, or one of the results above.
 int security_check(SecurityChange change, int value);
 inline constexpr int SECURITY_SUPPORTED = 0;
 inline constexpr int SECURITY_UNSUPPORTED = 1; // after the notice of the change
 
-// For a mode or authentication change that was refused: forces the other settings of the current
-// band's interface to go with the new value. Returns one of these, or one of the results above.
+// After an unsupported change of mode or authentication: changes the other settings of the current
+// band's interface to match. Returns one of these, or one of the results above.
 int security_fixup(const CliContext &cli, SecurityChange change, int value);
 inline constexpr int SECURITY_NO_FIX = 0;
 inline constexpr int SECURITY_FIXED = 1; // after a notice of what was written
 
-// The name of an authentication type with its newline; nothing for a number that is none.
+// The name of an authentication type and a newline; "" for an unknown one.
 const char *authentication_line(int type);
 
 // The same for a cipher.
 const char *cipher_line(int cipher);
 
-// Store what the typed row names in AUTHENTICATION_TYPES and CIPHERS. A value that does not go with
-// the other settings is not stored, but the result is CLI_DONE; an authentication type has the
-// cipher fixed first. Refused silently where the settings cannot be read.
+// Store the value of the row that was typed. One that does not go with the other settings is not
+// stored, and the result is CLI_DONE; for an authentication type the cipher is fixed first if
+// possible.
 CliHandler set_authentication;
 CliHandler set_cipher;
 
@@ -74,7 +74,7 @@ inline constexpr SecurityType CIPHERS[] = {
     {"auto", "Set Cipher of auto(AES/TKIP)", CIPHER_AUTO, "auto(AES/TKIP)\n"},
 };
 
-// The one of `types` with this value; null when there is none.
+// The type with this value, or null.
 constexpr const SecurityType *find_type(std::span<const SecurityType> types, int value) {
     for (const SecurityType &type : types) {
         if (type.value == value)

@@ -8,7 +8,7 @@
 
 namespace {
 
-// The communities that always are there, and see everything.
+// The communities that always exist and see everything.
 struct FixedCommunity {
     const char *node;
     const char *usage;

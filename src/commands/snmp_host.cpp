@@ -61,16 +61,15 @@ bool community_exists(const NewHost &host) {
     return complain("\n The community doesn't exist !\n");
 }
 
-// True when a user's protocol is off: below 2. The node holds a word, whose value is 0, so it
-// always seems off. Deliberate.
+// True when a user's protocol is off: below 2. The node holds a word, whose decimal value is 0, so
+// it always seems off. Deliberate.
 bool seems_off(const char *column, int row) {
     UsualValue protocol;
     read_snmp_cell(protocol, column, row);
     return protocol.number() < 2;
 }
 
-// Accepts exactly the users that do not exist, and refuses the others for reasons of all kinds.
-// Deliberate.
+// Accepts only users that do not exist, and refuses all others for various reasons. Deliberate.
 bool admits_user(const NewHost &host) {
     const ListPlace user = find_snmp_row(SNMP_USERS, host.community);
     if (user.result == SearchResult::Unreadable)

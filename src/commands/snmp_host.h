@@ -3,23 +3,23 @@
 
 #include "shell/command.h"
 
-// Each ends silently when a table cannot be read. A change is saved at once, and the agent marked
-// for a restart.
+// A wrong number of words is refused with the usage. A change is saved at once, and the agent
+// marked for a restart.
 
 // Words ADDRESS VERSION AUTH NAME, for VERSION 1 and 2 with an AUTH of at most 0 and a community
 // that exists, for VERSION 3 with an AUTH of at most 3 but not 0 and a user who does not exist.
-// NAME has at most 32 characters, and also becomes the public community. Anything else, an address
-// that is taken and a full table are reported and refused.
+// NAME has at most 32 characters, and also becomes the public community. Refused when the address
+// is taken or the table is full.
 CliHandler add_snmp_host;
 
-// Word ADDRESS. What is no address or not in the table is reported and refused.
+// Word ADDRESS, in the table.
 CliHandler delete_snmp_host;
 
-// Lists the table; an empty one is reported and refused.
+// Lists the table; refused when it is empty.
 CliHandler show_snmp_hosts;
 
-// Sends a warm-start trap to every host. An empty table is reported and refused; an agent or traps
-// that are off are only reported.
+// Sends a warm-start trap to every host. Refused when there is none; that the agent or traps are
+// off is only reported.
 CliHandler send_snmp_trap;
 
 inline constexpr auto snmp_host_snmp_rows = command_rows({

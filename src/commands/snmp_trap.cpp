@@ -26,7 +26,7 @@ int set_snmp_trap(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 1)
         return refuse(USAGE);
     const char *status = arg_peek(cli, 0);
-    // Whatever the word goes on with.
+    // Only the beginning of the word counts.
     if (begins_with(status, "enable"))
         cfg_set("1", SNMP_TRAP_STATUS);
     else if (begins_with(status, "disable"))
@@ -40,7 +40,7 @@ int set_snmp_trap(CliContext &cli, const char *, CliCommand *) {
 int set_snmp_trap_server(CliContext &cli, const char *, CliCommand *) {
     const int count = arg_count(cli);
     if (count == 0) {
-        // Done, though it is refused below and marks nothing. Deliberate.
+        // Deletes although it is then refused. Deliberate.
         cfg_del(TRAP_SERVER);
         cli_printf("\ndel SNMP Trap Server Ip\n");
     }

@@ -1,28 +1,28 @@
-// The SNMP agent's run state, and its traps: whether they are sent, where to, in which version.
+// The SNMP agent's state, and its traps: whether, where to and in which version they are sent.
 #pragma once
 
 #include "commands/shared/rows.h"
 #include "commands/shared/snmp_table.h"
 #include "config/apply.h"
 
-// The setters take one word and refuse other counts with their usage.
+// The setters take one word; a wrong number of words is refused with the usage.
 
 // A word that begins with "enable" or "disable"; refuses others with the usage.
 CliHandler set_snmp_trap;
 
-// Any text. Without a word deletes the trap server, and then complains about the missing word.
+// Any text. Without a word it deletes the trap server, and is then refused.
 CliHandler set_snmp_trap_server;
 
-// 1 or 2; other numbers change nothing, but are marked for apply all the same.
+// 1 or 2; another changes nothing, but still marks the agent for a restart.
 CliHandler set_snmp_trap_version;
 
-// Show nothing for numbers without a meaning, and the first two when there is any word.
+// Print nothing for unknown numbers, nor, the first two, when there are words.
 CliHandler show_snmp_trap;
 CliHandler show_snmp_trap_server;
 CliHandler show_snmp_trap_version;
 
-// "enable" or "disable". Writes the node of set_snmp_trap, and saves it at once. Other words and a
-// failed write are reported and refused.
+// "enable" or "disable". Writes the node of set_snmp_trap and saves the configuration. Refused when
+// the write fails.
 CliHandler set_snmp_auth_trap;
 
 // "Suspended" for 0, else "Active".

@@ -75,7 +75,7 @@ bool protocols_fit(NewUser &user) {
     return true;
 }
 
-// Also asked of the keys of protocols that are off.
+// Checks the keys of protocols that are off, too.
 bool keys_fit(const NewUser &user) {
     if (repeats_one_character(user.auth_key))
         return complain("\nAuth key can't use the same character!\n");
@@ -84,9 +84,9 @@ bool keys_fit(const NewUser &user) {
     return true;
 }
 
-// The group must exist, else the refusal is silent, and ask for no more than the user has. Its
-// level is compared as a number although add_snmp_group stores a word, so only a level that
-// something else wrote asks for anything. Deliberate.
+// False silently when the group does not exist, and after a message when it asks for more than the
+// user has. Its level is compared as a number although add_snmp_group stores a word, so only a
+// level that others wrote asks for anything. Deliberate.
 bool group_admits(const NewUser &user) {
     CutSnmpText value;
     const std::optional<int> group =
@@ -103,7 +103,7 @@ bool group_admits(const NewUser &user) {
 void write_user(int row, const NewUser &user) {
     write_snmp_row(row, {{"secuname", user.name}, {"mapgroup", user.group}});
     if (user.auth == AUTH_NONE) {
-        // In an order of its own; the keys that were typed are dropped.
+        // In a different order; the typed keys are dropped.
         write_snmp_row(row, {{"authprotocol", "none"},
                              {"privprotocol", "none"},
                              {"authkey", "none"},
@@ -142,7 +142,7 @@ bool group_words_fit(const CliContext &cli, std::int32_t &level) {
     return true;
 }
 
-// False after saying which view is missing; nothing when the table could not be read.
+// False after reporting a missing view; nothing when the table could not be read.
 std::optional<bool> has_views(const CliContext &cli) {
     int word = FIRST_VIEW_WORD;
     for (const char *view : GROUP_VIEWS) {
@@ -158,8 +158,8 @@ std::optional<bool> has_views(const CliContext &cli) {
     return true;
 }
 
-// The vacancy for a new row of a view. A name that is there already is only reported, each time.
-// Nothing when the table is full, which is reported, or cannot be read.
+// The vacancy for a new row of a view. Rows with the same name are only reported. Nothing when the
+// table is full, which is reported, or could not be read.
 std::optional<int> place_new_view_row(const char *name) {
     CutSnmpText stored;
     for (int row = 1; row <= SNMP_VIEWS.capacity; ++row) {
@@ -301,13 +301,13 @@ int delete_snmp_group(CliContext &cli, const char *, CliCommand *) {
 int delete_snmp_view(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 1)
         return refuse("\nsnmp delview        < ViewName<string> >\n");
-    // Only shows that the database answers; the deletions open their own. Deliberate.
+    // Only tests that the database answers; the deletions open their own. Deliberate.
     UniqueFd connection = open_deletion_connection();
     if (!connection)
         return CLI_REFUSED;
     keep_deletion_connection(std::move(connection));
-    // A row moves into the place of a deleted one, hence each time from the start; but no more
-    // often than there are rows, for a database that does not delete.
+    // A deletion moves the later rows down, so each search begins at the start. The number of
+    // searches is limited, in case the database does not delete.
     for (int times = 0; times < SNMP_VIEWS.capacity; ++times) {
         const ListPlace place = find_snmp_row(SNMP_VIEWS, arg_peek(cli, 0), CUT_SNMP_TEXT_LIMIT);
         if (place.result == SearchResult::Unreadable)
@@ -368,7 +368,7 @@ int show_snmp_views(CliContext &, const char *, CliCommand *) {
 }
 
 const char *read_engine_id(const char *file, ValueBuffer &text) {
-    // Where the agent writes it, behind what else it keeps.
+    // Where the agent writes it.
     static constexpr off_t OFFSET = 618;
     const UniqueFd descriptor(open(file, O_RDONLY | O_CLOEXEC));
     if (!descriptor)

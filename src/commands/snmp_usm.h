@@ -1,47 +1,44 @@
-// SNMPv3: users, the groups that they belong to, and the views of the objects that groups may
-// reach.
+// SNMPv3: users, their groups, and the views, which are sets of objects that groups may access.
 #pragma once
 
 #include "config/value_buffer.h"
 #include "shell/command.h"
 
-// Each but the listings refuses other counts of words with its usage; each ends silently when a
-// node cannot be read. A change is saved at once, and the agent marked for a restart.
+// A wrong number of words is refused with the usage. A change is saved at once, and the agent
+// marked for a restart.
 
 // Words NAME GROUP AUTH AUTHKEY PRIV PRIVKEY: names of at most 31 characters, AUTH 1..3, PRIV 1..2,
-// keys of 8..20 and 8..16 characters where their protocol is on. What is out of these limits, a
-// name that is taken, a full table, and a group that asks for more are reported and refused; a
-// group that does not exist is refused silently.
+// keys of 8..20 and 8..16 characters where their protocol is on. Refused when the name is taken,
+// the table is full or the group asks for more; silently when the group does not exist.
 CliHandler add_snmp_user;
 
-// Words NAME LEVEL READVIEW WRITEVIEW NOTIFYVIEW: names of at most 32 characters, LEVEL 1..3.
-// Refuses what is out of these limits. The views must exist and the name must not; otherwise this
-// is reported, and the result is CLI_DONE.
+// Words NAME LEVEL READVIEW WRITEVIEW NOTIFYVIEW: names of at most 32 characters, LEVEL 1..3. A
+// view that does not exist, a name that does and a full table are reported and return CLI_DONE.
 CliHandler add_snmp_group;
 
 // Words NAME OID TYPE: at most 32 and 128 characters, TYPE 1..3. Adds a row to a view, which may
-// exist. What is out of these limits and a full table are reported and refused; type 3 is refused
-// silently, after the row is written without its type.
+// exist. Refused when the table is full; type 3 silently, after the row is written without its
+// type.
 CliHandler add_snmp_view;
 
-// Word NAME. What does not exist is reported and refused.
+// Word NAME, which must exist.
 CliHandler delete_snmp_user;
 CliHandler delete_snmp_group;
 
-// Word NAME. Deletes all rows of a view, also when there is none.
+// Word NAME. Deletes all rows of a view, if there are any.
 CliHandler delete_snmp_view;
 
-// List a table; an empty one is reported and refused. The users' list also shows the engine ID, and
-// is refused when the agent runs without its file or after "no enough memory!".
+// List a table; refused when it is empty. The users' list also shows the engine ID; it is refused
+// when the agent runs but its file is missing.
 CliHandler show_snmp_users;
 CliHandler show_snmp_groups;
 CliHandler show_snmp_views;
 
 inline constexpr std::size_t ENGINE_ID_LIMIT = 2048;
 
-// Reads the engine ID from the agent's own file: what stands in `text`, of ENGINE_ID_LIMIT bytes,
-// from "EngineID" on. An empty text when the file does not hold it where the agent writes it; null
-// when the file cannot be opened.
+// Reads the agent's own file into `text`, of ENGINE_ID_LIMIT bytes, and returns what it holds from
+// "EngineID" on. "" when that is not where the agent writes it; null when the file cannot be
+// opened.
 const char *read_engine_id(const char *file, ValueBuffer &text);
 
 inline constexpr auto snmp_usm_snmp_rows = command_rows({

@@ -25,7 +25,7 @@ enum class LogValue : unsigned char {
     Nothing, // ignored
 };
 
-// Its texts are inside: pointers to them would be relocated into memory of their own.
+// Holds its texts: pointers to them would be relocated into private memory.
 struct LogKeyword {
     char word[10];
     LogValue kind;
@@ -58,7 +58,7 @@ constexpr LogKeyword KEYWORDS[] = {
 constexpr int MAX_PERIOD = 48; // a day
 constexpr int PERIOD_MINUTES = 30;
 
-// Facility 30, which has no name of its own.
+// Facility 30, which has no name.
 constexpr int TEST_PRIORITY = 30 << 3 | LOG_NOTICE;
 
 const LogKeyword *find_keyword(const char *word) {
@@ -84,7 +84,7 @@ void print_periods() {
     print_lines({"ex: 3 hours", "    set syslog smtptime 6"});
 }
 
-// The rest of the messages about a keyword with states.
+// The end of the messages about a keyword with states.
 const char *state_phrase(const LogKeyword &keyword, const char *value) {
     const bool is_one = *value == '1';
     switch (keyword.kind) {
@@ -141,7 +141,7 @@ void print_text(const char *label, const char *text, const char *when_empty = "n
     cli_printf("%s: %s\n", label, *text != '\0' ? text : when_empty);
 }
 
-// Any switch's error names SSL. Deliberate.
+// The error names SSL for either switch. Deliberate.
 void print_mail_switch(const char *label, int value) {
     if (value == 0 || value == 1)
         cli_printf("%s state: %s\n", label, value == 1 ? "on" : "off");

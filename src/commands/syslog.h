@@ -1,17 +1,16 @@
-// The log: what is logged, and where it is sent and mailed.
+// The log: what is logged, and where it is sent or mailed.
 #pragma once
 
 #include "shell/command.h"
 
-// `set syslog KEYWORD VALUE`, both as typed. Writes and saves the setting and reports the outcome.
-// Refuses other numbers of words with its usage, unknown keywords, bad addresses, and silently
-// every field of a mail profile while none is in use. Any other value that its keyword does not
-// take is reported, but the command still counts as done: the mailing is reset and the radio marked
-// for restart.
+// Words KEYWORD VALUE. Writes and saves the setting and reports the outcome. Refuses a wrong number
+// of words with the usage, unknown keywords, bad addresses and, silently, fields of a mail profile
+// while none is in use. Any other bad value is reported, but the mailing is still reset and the
+// radio marked for a restart.
 CliHandler set_syslog;
 
-// `set testlog count N`: writes N entries into the system log, numbered from N down to 1; reports
-// an N below 1. Refuses other words.
+// Words "count" N: writes N entries into the system log, numbered from N down to 1; reports an N
+// below 1.
 CliHandler set_testlog;
 
 // Prints the settings and then the local log.

@@ -17,7 +17,7 @@ namespace {
 
 constexpr int LAST_TIME_ZONE = 75;
 
-// A field of a broken-down time, which counts from `base`; saturates.
+// A field of std::tm, which counts from `base`; saturates.
 int calendar_field(const char *word, int base) {
     if (word == nullptr)
         return 0;
@@ -70,7 +70,7 @@ bool calendar_seconds(const CalendarWords &words, std::time_t &seconds) {
     date.tm_min = calendar_field(words[4], 0);
     date.tm_sec = calendar_field(words[5], 0);
     seconds = std::mktime(&date);
-    // Also the last second before the epoch, to which no clock is set.
+    // Refuses the last second before the epoch, too, to which no clock is set.
     return seconds != -1;
 }
 
@@ -91,7 +91,7 @@ int get_time(CliContext &, const char *, CliCommand *) {
     static constexpr char WEEKDAYS[][4] = {"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
     const std::time_t seconds = std::time(nullptr);
     std::tm now{};
-    tzset(); // localtime_r alone would stay in the zone of its first call
+    tzset(); // localtime_r alone would keep the zone of its first call
     localtime_r(&seconds, &now);
     cli_printf("%s %d:%d:%d ", WEEKDAYS[now.tm_wday], now.tm_hour, now.tm_min, now.tm_sec);
     cli_printf("%d/%d/%d\n", now.tm_mon + 1, now.tm_mday, now.tm_year + 1900);
@@ -158,7 +158,7 @@ int set_daylight_saving(CliContext &cli, const char *, CliCommand *) {
     } else {
         cli_printf("\nUnable to Daylight Saving Time!\n");
     }
-    return mark_for_apply(APPLY_WAN); // unlike the time zone's, also after a failure
+    return mark_for_apply(APPLY_WAN); // even after a failure, unlike for the time zone
 }
 
 int get_daylight_saving(CliContext &, const char *, CliCommand *) {

@@ -6,35 +6,34 @@
 #include <array>
 #include <ctime>
 
-// The words year, month, day, hour, minute and second; null where none was typed.
+// The words year, month, day, hour, minute and second; null for missing ones.
 using CalendarWords = std::array<const char *, 6>;
 
-// Converts a date of local time to calendar seconds. Missing fields are 0; ranges are not checked,
-// so that a 13th month is the next year's first. Returns false when the date cannot be represented.
+// Converts a local date to calendar seconds. Missing fields are 0; ranges are not checked: a 13th
+// month is the next year's first. False when the date cannot be represented.
 bool calendar_seconds(const CalendarWords &words, std::time_t &seconds);
 
-// `set time YEAR MONTH DAY HOUR MINUTE SECOND`, all but the year optional; sets the system clock. A
+// Words YEAR MONTH DAY HOUR MINUTE SECOND, all but the year optional: sets the system clock. A
 // failure is reported on standard error as "set time: " and the system's error text, and returns
-// CLI_DONE. Refuses only an empty line.
+// CLI_DONE.
 CliHandler set_time;
 CliHandler get_time;
 
-// Days, hours, minutes and seconds since the start.
+// Days, hours, minutes and seconds since the device started.
 CliHandler get_uptime;
 
-// `set sntpserver enable|disable|ADDRESS`; an address is saved and takes effect at once. Refuses
-// other words and other numbers of them.
+// Word "enable", "disable" or ADDRESS; an address is saved and takes effect at once.
 CliHandler set_time_server;
 
 CliHandler get_time_server;
 
-// `set tzone 1..75`; saved, takes effect at once. Refuses other numbers of words; a number out of
-// range or a failed write is reported and returns CLI_DONE.
+// Word ZONE, 1..75; saved, takes effect at once. A number out of range or a failed write is
+// reported and returns CLI_DONE.
 CliHandler set_time_zone;
 CliHandler get_time_zone;
 
-// `set daylightsaving STATE`, any one word, 1 being on; saved, takes effect at once. Refuses other
-// numbers of words; a failed write is reported and returns CLI_DONE.
+// Word STATE, 1 for on; saved, takes effect at once. A failed write is reported and returns
+// CLI_DONE.
 CliHandler set_daylight_saving;
 CliHandler get_daylight_saving;
 

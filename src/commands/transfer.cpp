@@ -11,7 +11,7 @@
 
 namespace {
 
-// What is kept of a tool's output.
+// The limit of a tool's output.
 constexpr std::size_t OUTPUT_LIMIT = 255;
 using ToolOutput = ShortValue<OUTPUT_LIMIT>;
 
@@ -19,7 +19,7 @@ using TftpCommand = CommandFormat<ShellWord, CommandValue>;                     
 using FtpCommand = CommandFormat<ShellWord, ShellWord, CommandValue, ShellWord>; // account first
 
 // Takes the word for the host and puts its address into `text`. A bad one is reported, with `usage`
-// if there is any, and becomes "(null)" in the command line, which runs nevertheless. Deliberate.
+// unless that is null, and becomes "(null)" in the command line. Deliberate.
 CommandValue take_host(CliContext &cli, Ipv4Text &text, const char *usage) {
     std::uint32_t address = 0;
     if (arg_ipv4(cli, address) == 0) {
@@ -52,7 +52,7 @@ int run_ftp(CliContext &cli, const char *usage, FtpCommand command) {
     return show_answer<"%s", OUTPUT_LIMIT>(command, user, password, host, file);
 }
 
-// Whether a name leads out of the directory that it is put into.
+// True when a path has a ".." component.
 bool leads_upwards(std::string_view name) {
     while (true) {
         const std::size_t end = name.find('/');
@@ -73,7 +73,7 @@ void remove_from_tmp(ShellWord file) {
     cmd_capture(unseen, "rm /tmp/%s -f", file);
 }
 
-// Null when the fetched file can be loaded, else what is wrong with it.
+// What is wrong with the fetched file; null when it can be loaded.
 const char *check_fetched_file(const char *name) {
     char path[CliContext::WORD_BUFFER_SIZE + sizeof "/tmp/"];
     std::snprintf(path, sizeof path, "/tmp/%s", name);
@@ -86,7 +86,7 @@ const char *check_fetched_file(const char *name) {
 } // namespace
 
 int tftp_get_config(CliContext &cli, const char *, CliCommand *) {
-    // The only one that does not repeat its usage after a bad host.
+    // The only one that does not print its usage after a bad host. Deliberate.
     return run_tftp(cli, "tftp getconfig [config file name] [host IP Address]", nullptr,
                     "tftp -d -r %s %s ");
 }

@@ -3,23 +3,24 @@
 
 #include "shell/command.h"
 
-// Each refuses other numbers of words with its usage.
+// A wrong number of words is refused with the usage.
 
-// Words FILE HOST. Prints the tool's answer, up to 255 characters. A bad host is reported, and the
-// transfer is tried nevertheless. Deliberate.
+// Words FILE HOST. Prints the tool's answer, up to 255 characters. A bad host is reported, but the
+// tool runs. Deliberate.
 CliHandler tftp_get_config;
 CliHandler tftp_get_firmware;
 CliHandler tftp_put_config;
 
-// The two below keep the text in /tmp on its way, and refuse a name that leads out of there.
+// These two use a temporary file FILE in /tmp, and refuse a name that leads out of there.
 
-// Sends the whole database as text, with a bad host as above; the tools' answers are not shown.
+// Sends the whole database as XML; a bad host is treated as above. The tools' answers are not
+// shown.
 CliHandler tftp_put_xml_config;
 
-// Fetches such a text and loads it; a bad host and a missing or empty file are refused.
+// Fetches such a file and loads it; a bad host and a missing or empty file are refused.
 CliHandler tftp_get_xml_config;
 
-// Words FILE HOST USER PASSWORD, with a bad host as for TFTP.
+// Words FILE HOST USER PASSWORD; a bad host is treated as for TFTP.
 CliHandler ftp_get_config;
 CliHandler ftp_get_firmware;
 CliHandler ftp_put_config;

@@ -8,17 +8,17 @@
 #include <algorithm>
 #include <cstring>
 
-// The paths and formats come from template arguments and tables of this program's own.
+// The paths come from a table of this program's own.
 #pragma GCC diagnostic ignored "-Wformat-nonliteral"
 
 namespace {
 
 constexpr char DEFAULT_PVID[] = "1";
 
-// Above any table's size: limits the work when the daemon reports a wrong count.
+// Above the table's size: limits the work when the database reports a wrong count.
 constexpr int MAX_COUNTED_ENTRIES = 256;
 
-// A run of ports that are alike, and the node of their PVIDs, with "%d" for 1..count.
+// Consecutive ports and the node of their PVIDs, with "%d" for 1..count.
 struct VlanPortRun {
     VlanPort first;
     int count;

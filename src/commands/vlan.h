@@ -1,4 +1,4 @@
-// VLAN operation of the bridge: its switches and the VLAN IDs of its ports.
+// VLANs of the bridge: the switches, and the VLAN IDs of its ports.
 #pragma once
 
 #include "commands/shared/rows.h"
@@ -10,9 +10,8 @@
 // Switches VLAN operation on and removes the VLAN limit from limited administration.
 CliHandler enable_vlan;
 
-// Makes the PVIDs follow the group table, and sets all of them at once: a port's PVID is the VLAN
-// ID of the last entry in which the port is untagged, copied as stored, or else 1. Returns 0; or -1
-// after " can't alloc memory " or a failed read.
+// Makes the PVIDs follow the group table and sets all of them: a port's PVID is the VLAN ID of the
+// last entry in which the port is untagged, copied as stored, or else 1.
 CliHandler enable_auto_pvid;
 
 // "dynamic" for 1, else "static".
@@ -36,8 +35,7 @@ inline constexpr SlotDisplay SHOWN_PVID{
     .refused = CLI_REFUSED,
 };
 
-// PVIDs of the current band's WDS links: words VID INDEX, or INDEX. Return 0; or -1 after the
-// refusal.
+// PVIDs of the current band's WDS links: words VID LINK, or LINK.
 CliHandler set_wds_pvid;
 CliHandler get_wds_pvid;
 

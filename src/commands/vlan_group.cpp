@@ -33,8 +33,8 @@ VlanPort single_port(const CliContext &cli, GroupPort port) {
     return {"ath", 1 + 16 * cli.current_band};
 }
 
-// The entry of a VLAN. Without one, the entry after the last used one, which may be past the end of
-// the table; holes before it are not reused. Nothing when an entry could not be read.
+// The entry of a VLAN, else the one after the last used one, which may be past the end of the
+// table; holes are not reused. Nothing when an entry could not be read.
 std::optional<int> entry_for(int vid) {
     int last_used = 0;
     for (int entry = 1; entry <= GROUP_ENTRIES; ++entry) {

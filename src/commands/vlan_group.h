@@ -26,7 +26,7 @@ std::optional<int> group_vid(int entry);
 // A port's egress in an entry; nothing when it could not be read.
 std::optional<int> group_egress(int entry, const VlanPort &port);
 
-// The ports that have commands of their own.
+// The ports that have their own commands.
 enum class GroupPort : std::uint8_t {
     Primary, // the current band's, as the next two
     MultiSsid,
@@ -35,11 +35,11 @@ enum class GroupPort : std::uint8_t {
     System,
 };
 
-// `<vid> [<index>]`: sets a port's membership of a VLAN. A new VLAN takes the entry after the last
-// used one. Returns 0; or -1 after the refusal.
+// Words VID [INDEX]: sets a port's membership of a VLAN. A new VLAN takes the entry after the last
+// used one. Returns as a handler does.
 int set_group_member(CliContext &cli, GroupPort port, Egress egress);
 
-// `[<index>]`: lists all VLANs with the port's membership. Returns 0; or -1 after the refusal.
+// Words [INDEX]: lists all VLANs with the port's membership. Returns as a handler does.
 int show_group_members(CliContext &cli, GroupPort port);
 
 template <GroupPort Port, Egress Member>
@@ -59,10 +59,9 @@ inline constinit auto vlan_member_rows = command_table({
     {"None", "not a member", set_vlan_member<Port, EGRESS_NONE>},
 });
 
-// Words NAME VID: names a VLAN, in at most 32 characters. Returns 0, also after reporting that
-// there is no such VLAN; or -1 after refusing the words.
+// Words NAME VID: names a VLAN, in at most 32 characters. An unknown VLAN is reported and returns
+// CLI_DONE.
 CliHandler set_group_name;
 
-// Word VID: deletes all entries of a VLAN and prints their paths. Returns 0; or -1 after refusing
-// the word.
+// Word VID: deletes all entries of a VLAN and prints their paths.
 CliHandler delete_group;

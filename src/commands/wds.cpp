@@ -19,8 +19,8 @@ constexpr char PEER[] = "/wlan/inf:%d/wds/list/index:%d/mac";
 
 bool is_new_peer(const CliContext &cli, ValueBuffer &value, const char *mac) {
     for (int index = 1; index <= PEERS; ++index) {
-        // The band, 0 or 1, is used as the interface's number: on the 5 GHz band the 2.4 GHz
-        // radio's list is searched, on the 2.4 GHz band none. Deliberate.
+        // The band, 0 or 1, is taken for the interface's number: on 5 GHz the list of 2.4 GHz is
+        // searched, on 2.4 GHz none. Deliberate.
         if (cfg_get(value, PEER, static_cast<int>(cli.current_band), index) != 0)
             return false;
         if (std::strcmp(value.text(), mac) == 0)
@@ -29,7 +29,7 @@ bool is_new_peer(const CliContext &cli, ValueBuffer &value, const char *mac) {
     return true;
 }
 
-// A list entry's field and its label.
+// A field of an entry and its label.
 struct Field {
     const char *label;
     const char *leaf;
@@ -73,7 +73,7 @@ int add_wds_peer(CliContext &cli, const char *, CliCommand *) {
     const int index = decimal_value(arg_next(cli));
     if (index < 1 || index > PEERS) {
         cli_printf("Error! WDS index is between %d and %d \n", 1, PEERS);
-        return mark_for_apply(APPLY_WLAN); // although nothing was written. Deliberate.
+        return mark_for_apply(APPLY_WLAN); // with nothing written. Deliberate.
     }
     if (!is_new_peer(cli, value, mac.data()))
         return CLI_REFUSED;

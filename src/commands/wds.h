@@ -1,20 +1,19 @@
-// The wireless distribution system (WDS): peers of the radio, live links, site survey.
+// The wireless distribution system (WDS): the radio's peers, live links and site survey.
 #pragma once
 
 #include "commands/shared/rows.h"
 #include "shell/dispatch.h"
 
-// Words MAC INDEX, the index 1..4. Replaces that peer. Refuses a wrong number of words, an invalid
-// MAC address and one that is already listed. An index out of range is reported and returns 0.
+// Words MAC INDEX, INDEX 1..4: replaces that peer. Refused when the address is already listed. An
+// index out of range is reported and returns CLI_DONE.
 CliHandler add_wds_peer;
 
-// Word INDEX, any number. Refuses a wrong number of words.
+// Word INDEX, any number.
 CliHandler delete_wds_peer;
 
 // Surveys the operating band.
 CliHandler scan_wds;
 
-// Return 0; or -1 after the message when memory ran out.
 CliHandler get_wds_peers;
 CliHandler get_wds_links;
 CliHandler get_wds_survey;

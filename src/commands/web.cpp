@@ -21,7 +21,7 @@ void start_web_server() {
     cli_printf("\nSet WEB state to enable successfully!\n");
 }
 
-// Stops the server even when that cannot be stored.
+// Stops the server even if the state cannot be written.
 void stop_web_server() {
     run_command("/etc/templates/webs.sh stop");
     if (cfg_set_plain("0", WEB_NODE) != 0) {

@@ -5,8 +5,8 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-// `set web enable|disable`; starts or stops the server at once and saves the state. Refuses another
-// word; other numbers of words and a failed write are reported and return CLI_DONE.
+// Word "enable" or "disable": starts or stops the server at once and saves the state. A wrong
+// number of words and a failed write are reported and return CLI_DONE.
 CliHandler set_web;
 
 // Prints nothing after a failed read.

@@ -40,7 +40,7 @@ int change_ipv6_list(CliContext &cli, ListOperation *operation) {
     char address[INET6_ADDRSTRLEN] = {};
     if (inet_ntop(AF_INET6, &binary, address, sizeof address) == nullptr)
         return refuse("System Error!!!\n");
-    // The first radio's list whatever the current band. Deliberate.
+    // The first radio's list on either band. Deliberate.
     const NumberedList entries("/wlan/inf:1/zonedefence_ip/ipv6addr:%d");
     return operation(zone_list(entries), entry, address);
 }

@@ -10,11 +10,11 @@ inline constexpr char ZONE_ADDRESSES[] = "/wlan/inf:%d/zonedefence_ip/ipaddr:%d"
 // Also makes the radio reject the clients in its access control list.
 CliHandler enable_zone_defence;
 
-// Word ADDRESS, a host address. Return 0; or -1 after the refusal.
+// Word ADDRESS, a host address.
 CliHandler add_zone_address;
 CliHandler delete_zone_address;
 
-// The same for IPv6 addresses, whose list both radios share. No command uses these two.
+// The same for IPv6 addresses, whose list both radios share. No row leads here.
 CliHandler add_zone_ipv6_address;
 CliHandler delete_zone_ipv6_address;
 

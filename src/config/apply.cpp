@@ -9,7 +9,7 @@ unsigned applies_run = 0;
 
 namespace {
 
-// Both the WAN and the wireless restart end with these, so with both bits they run twice.
+// The WAN and the wireless restart both end with these, so with both bits they run twice.
 // Deliberate.
 void restart_access_policies() {
     run_command("sh /etc/templates/limitedadmin.sh");

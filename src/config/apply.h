@@ -16,18 +16,17 @@ enum ApplyBit : std::uint32_t {
     APPLY_WEB = 0x4000,
 };
 
-// What apply_changes must restart.
+// The services that apply_changes restarts.
 extern std::uint32_t pending_apply;
 
-// Adds services to what apply_changes must restart. Returns 0, so that a handler that is done ends
-// with it.
+// Adds services to those. Returns 0 (CLI_DONE), for a handler to return in turn.
 int mark_for_apply(std::uint32_t bits);
 
-// How often apply_changes ran. At the console a `set apply` with nothing to apply counts as
-// refused; a script compares this number to tell.
+// How many times apply_changes ran. `set apply` is refused when there is nothing to apply; a script
+// tells that from other refusals by this number.
 extern unsigned applies_run;
 
 // Saves the configuration and runs the service scripts of every pending bit in their fixed order,
-// then clears the bits. Whether or not a bit was set, a changed array configuration gets its
-// version raised by one. Returns true when a bit was set. Exit statuses are ignored.
+// then clears the bits. A changed array configuration gets its version raised by one even if no bit
+// is set. Returns true when a bit was set. Exit statuses are ignored.
 bool apply_changes();

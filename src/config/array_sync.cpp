@@ -18,19 +18,19 @@ enum class SyncRuleKind : std::uint8_t {
 
 // A write to a path of this kind changes the item.
 struct SyncRule {
-    std::uint8_t item; // its place in SYNC_ITEMS
+    std::uint8_t item; // its index in SYNC_ITEMS
     SyncRuleKind kind;
     char text[38];
 };
 
 using enum SyncRuleKind;
 
-// The place of an item; a word that is none does not compile.
+// The index of an item; an unknown word does not compile.
 consteval std::uint8_t item(std::string_view word) {
-    std::uint8_t place = 0;
-    while (word != SYNC_ITEMS[place].word)
-        ++place;
-    return place;
+    std::uint8_t index = 0;
+    while (word != SYNC_ITEMS[index].word)
+        ++index;
+    return index;
 }
 
 // Only interface 1 is covered: writes to the 5 GHz radio never mark the configuration.
@@ -50,7 +50,7 @@ constexpr SyncRule SYNC_RULES[] = {
     {item("beaconinterval"), Equal, "/wlan/inf:1/beaconinterval"},
     {item("dtim"), Equal, "/wlan/inf:1/dtim"},
     {item("txpower"), Equal, "/wlan/inf:1/txpower"},
-    // Compared with the unexpanded text, so it never holds. Deliberate.
+    // Never matches, since paths are expanded. Deliberate.
     {item("wmm"), Equal, "/wlan/inf:%d/wmm/enable"},
     {item("acktimeout"), Equal, "/wlan/inf:1/acktimeout_a"},
     {item("acktimeout"), Equal, "/wlan/inf:1/acktimeout_g"},
@@ -67,7 +67,7 @@ constexpr SyncRule SYNC_RULES[] = {
     {item("acl"), Equal, "/wlan/inf:1/multi/index:5/w_partition"},
     {item("acl"), Equal, "/wlan/inf:1/multi/index:6/w_partition"},
     {item("acl"), Equal, "/wlan/inf:1/multi/index:7/w_partition"},
-    // Holds for "ssid_hidden" nodes too.
+    // Also matches "ssid_hidden" nodes.
     {item("multissid"), Multi, "ssid"},
     {item("multissid_hidden"), Multi, "ssid_hidden"},
     {item("multisecurity"), Multi, "auth"},

@@ -1,4 +1,4 @@
-// Noticing writes to the settings that an access-point array keeps in step.
+// Tracks writes to the settings that an access-point array keeps in step.
 #pragma once
 
 #include "config/sync_items.h"

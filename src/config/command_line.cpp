@@ -48,7 +48,7 @@ void CommandLine::append_number(int number) {
     append(digits);
 }
 
-// Single quotes keep everything but themselves; those stand escaped between two quoted parts.
+// Single quotes protect everything but themselves; those are escaped between two quoted parts.
 void CommandLine::append_quoted(const char *word) {
     append('\'');
     for (; *word != '\0'; ++word) {

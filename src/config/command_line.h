@@ -1,9 +1,9 @@
 // Command lines for the system shell.
 //
-// A command line is made of this program's own text, numbers, and words of others. Words of
-// others (typed by the administrator, or read from the database) pass only as ShellWord: made of
-// letters, digits and _ @ % + = : , . / - they go in as they are, anything else is quoted, so
-// that the tool receives the word as typed and the shell never interprets it.
+// A command line is made of the program's own text, numbers and foreign words. Foreign words (typed
+// by the administrator or read from the database) enter only as ShellWord: those made of letters,
+// digits and _ @ % + = : , . / - go in unchanged, all others are quoted, so that the tool gets the
+// word as typed and the shell never interprets it.
 #pragma once
 
 #include "config/text_utilities.h"
@@ -12,14 +12,14 @@
 #include <initializer_list>
 #include <type_traits>
 
-// A word that is not the program's own.
+// A foreign word.
 struct ShellWord {
     explicit ShellWord(const char *word) : text(word) {}
 
     const char *text;
 };
 
-// A text of the program's own; goes in bare.
+// The program's own text; goes in unquoted.
 struct ProgramText {
     explicit ProgramText(const char *literal) : text(literal) {}
 
@@ -39,7 +39,7 @@ struct CommandValue {
 
 namespace command_checks {
 
-// Reaching this while a command line is compiled stops the compilation with its name.
+// Has no definition: a call at compile time is an error that shows this name.
 void conversions_do_not_fit_the_values();
 
 } // namespace command_checks
@@ -67,7 +67,7 @@ public:
 
     [[nodiscard]] const char *text() const { return text_; }
 
-    // False when the cut fell into a quoted word: the rest is not what was typed, and is not run.
+    // False when the cut fell into a quoted word: the line must not be run then.
     [[nodiscard]] bool is_whole() const { return !cut_in_quotes_; }
 
 private:

@@ -1,4 +1,4 @@
-// The device's shared utilities: what its other programs may ask for and no command here does.
+// The device's shared utilities: operations for its other programs, which no command here needs.
 #pragma once
 
 #include "config/xmldb_client.h"
@@ -7,7 +7,7 @@
 #include <cstdio>
 #include <memory>
 
-// The daemon's requests besides XmldbAction; it defines their meaning.
+// Further requests to the configuration daemon, which defines their meaning.
 enum XmldbUnnamedAction : std::uint16_t {
     XMLDB_STATUS_4 = 4,      // path; answered by a status
     XMLDB_STATUS_5 = 5,      // path; answered by a status

@@ -21,7 +21,7 @@ bool may_run(const CommandLine &line) {
     return line.is_whole();
 }
 
-// A shell that the line left in charge may end by the signal or report it.
+// The shell either dies of the signal or reports it in its status.
 bool is_interrupted(int status) {
     return WIFSIGNALED(status) ? WTERMSIG(status) == SIGINT
                                : WIFEXITED(status) && WEXITSTATUS(status) == 128 + SIGINT;

@@ -4,25 +4,24 @@
 #include "config/command_line.h"
 #include "config/value_buffer.h"
 
-// How many command lines were run. Each may have read from standard input, which it shares.
+// How many command lines were run. Each may have read from standard input.
 extern unsigned command_lines_run;
 
-// How many of those that were not captured ended by the keyboard's interrupt.
+// How many uncaptured ones were ended by Ctrl-C.
 extern unsigned command_lines_interrupted;
 
-// Makes standard output and error wait for whoever reads them. The program itself never asks for
-// anything else, but a tool may leave a terminal or pipe that it shares in non-blocking mode, where
-// text that does not fit at once would be lost.
+// Puts standard output and error into blocking mode. A tool may have left a shared terminal or pipe
+// in non-blocking mode, in which text that does not fit at once would be lost.
 void make_output_blocking();
 
-// Flushes standard output and runs the line, waiting for its end. Returns the shell's status; or
-// -1 when it could not be run, or was not because its cut fell into a quoted word ("Command line
-// too long." on standard error).
+// Flushes standard output, runs the line and waits for its end. Returns the shell's status; or -1
+// when it could not be run, or was cut in a quoted word ("Command line too long." on standard
+// error).
 int run_command_line(const CommandLine &line);
 
 // Runs the line and captures its output, cut at the target's limit and without its last newline.
-// Output beyond the limit is read and dropped, so that no tool blocks. Returns 0; or -1, with an
-// empty text, when the line could not be run.
+// Output beyond the limit is discarded. Returns 0; or -1, with an empty text, when the line could
+// not be run.
 int capture_command_line(ReadTarget target, const CommandLine &line);
 
 // Formats a command line and runs it; see run_command_line.

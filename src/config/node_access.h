@@ -1,28 +1,28 @@
-// How handlers read, write and delete the nodes of the configuration database. Each operation
-// opens a connection of its own. Failures are reported on standard error as the message, ": ",
-// the system's error text and a newline.
+// Reading, writing and deleting nodes of the configuration database. Each operation opens its own
+// connection. Failures are reported on standard error as the message, ": ", the system's error text
+// and a newline.
 #pragma once
 
 #include "config/value_buffer.h"
 
 #include <optional>
 
-// Node paths expand to at most this many characters.
+// The longest expanded path, in characters.
 inline constexpr std::size_t NODE_PATH_LIMIT = 4095;
 
 // How many failures were reported.
 extern unsigned node_failures;
 
 // Reads the node of a formatted path into `target` with one read; a longer value is cut at the
-// target's limit. The text always ends, and is empty when the read failed. Returns 0; or -1 after
-// "Cannot open database.", "Get ERROR!" or "Read database failed.".
+// target's limit. The text is always terminated, and empty when the read failed. Returns 0; or -1
+// after "Cannot open database.", "Get ERROR!" or "Read database failed.".
 [[gnu::format(printf, 2, 3)]] int cfg_get(ReadTarget target, const char *path, ...);
 
-// The same for a path that stands as it is.
+// The same for a plain path.
 int cfg_get_plain(ReadTarget target, const char *path);
 
-// The decimal value of a node, 0 when it is absent or no number; nothing when it could not be read,
-// after cfg_get's message. For commands that write by what they read.
+// The decimal value of a node, 0 when it is absent or no number; nothing, after cfg_get's message,
+// when it could not be read. For commands whose writes depend on the value.
 [[gnu::format(printf, 1, 2)]] std::optional<int> cfg_read_number(const char *path, ...);
 
 // The same for displays: 0 also when the node could not be read.
@@ -33,7 +33,7 @@ int cfg_get_plain(ReadTarget target, const char *path);
 // "Cannot open database." or "Set ERROR!".
 [[gnu::format(printf, 2, 3)]] int cfg_set(const char *value, const char *path, ...);
 
-// The same for a path that stands as it is.
+// The same for a plain path.
 int cfg_set_plain(const char *value, const char *path);
 
 // The same as cfg_set with a number as its decimal text.

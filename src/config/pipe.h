@@ -11,7 +11,7 @@
 // keyboard's interrupt and quit end the tool and not this process, as with std::system.
 class Pipe {
 public:
-    // Starts `sh -c COMMAND`. That may fail: test the pipe before use.
+    // Starts `sh -c COMMAND`, which may fail: test the pipe before use.
     explicit Pipe(const char *command);
     Pipe(const Pipe &) = delete;
     Pipe &operator=(const Pipe &) = delete;
@@ -21,8 +21,8 @@ public:
     // False when the pipe or the process could not be made.
     explicit operator bool() const { return shell_ > 0; }
 
-    // Reads up to the end of the output and keeps the first `limit` bytes, so that no tool blocks;
-    // returns how many were kept.
+    // Reads all output, so that the tool never blocks, and keeps the first `limit` bytes; returns
+    // how many were kept.
     std::size_t read_all(char *kept, std::size_t limit);
 
 private:

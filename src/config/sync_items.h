@@ -1,12 +1,11 @@
-// The settings that an access-point array can keep in step, each with its flag. Everything that
-// deals with them reads this table.
+// The settings that an access-point array can keep in step, each with its flag.
 #pragma once
 
 #include <cstddef>
 #include <iterator>
 
-// Short texts stand in a table themselves: a pointer to one would be relocated at every start of a
-// position-independent program, and the table with it would take memory of each process's own.
+// The texts are stored in the table itself: pointers would be relocated at every start of a
+// position-independent program, which makes their pages private memory.
 struct SyncItem {
     char word[17]; // what the administrator calls it
     char node[32]; // its flag: 1 = synchronised

@@ -1,16 +1,15 @@
-// Small text operations that handlers share.
+// Small text operations.
 #pragma once
 
-// Sends what was printed so far on its way, before a message on standard error or a child's own
-// output. Leaves errno as it was.
+// Flushes standard output, before a message on standard error or a child's output. Leaves errno as
+// it was.
 void flush_output();
 
-// The plain decimal conversion: leading white space, a sign, digits; what follows is ignored.
-// No digits give 0; values saturate at the limits of int.
+// The plain decimal conversion: white space, a sign, digits; the rest is ignored. 0 without digits;
+// saturates at the limits of int.
 int decimal_value(const char *text);
 
-// True when the conversions of a printf format are these, in this order: "ds" for "%d" and then
-// "%s".
+// True when the conversions of a printf format are exactly these: "ds" for "%d", then "%s".
 constexpr bool converts(const char *format, const char *conversions) {
     for (; *format != '\0'; ++format) {
         if (*format != '%')

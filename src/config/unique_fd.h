@@ -20,10 +20,10 @@ public:
     explicit operator bool() const { return fd_ >= 0; }
     [[nodiscard]] int get() const { return fd_; }
 
-    // Hands the descriptor over to the caller, who closes it.
+    // Gives up ownership.
     [[nodiscard]] int release() { return std::exchange(fd_, -1); }
 
-    // Closes what is held and takes `fd` (-1 for none) instead.
+    // Closes the descriptor held and takes over `fd` (-1 for none).
     void reset(int fd = -1) {
         if (fd_ >= 0)
             close(fd_);

@@ -6,16 +6,16 @@
 #include <memory>
 #include <new>
 
-// For a large variable that is always written before it is read: where the build clears variables,
-// this one is spared, as clearing it would cost more than the rest of a read.
+// For a large variable that is always written before it is read, in builds that clear variables:
+// clearing would cost more than the rest of a read.
 #if __has_attribute(uninitialized)
 #define WAP_NOT_CLEARED __attribute__((uninitialized))
 #else
 #define WAP_NOT_CLEARED
 #endif
 
-// Memory for one text read from outside: `limit` bytes and a NUL behind them, on the heap and
-// zero-filled. The allocation may fail: test it before use.
+// A zero-filled heap buffer for one text: `limit` bytes and a NUL. The allocation may fail: test
+// the buffer before use.
 class ValueBuffer {
 public:
     static constexpr std::size_t USUAL_LIMIT = 4096;
@@ -29,7 +29,6 @@ public:
     [[nodiscard]] char *data() { return text_.get(); }
     [[nodiscard]] std::size_t limit() const { return limit_; }
 
-    // The text, which always ends.
     [[nodiscard]] const char *text() const { return text_.get(); }
     [[nodiscard]] bool empty() const { return text_[0] == '\0'; }
 
@@ -41,8 +40,7 @@ private:
     std::size_t limit_;
 };
 
-// The same held in place, so that it cannot fail: a read of at most `Limit` bytes. Only made empty,
-// not zero-filled: zeros in bulk would be a copy from the program's own read-only data.
+// The same without an allocation, for at most `Limit` bytes. Made empty, but not zero-filled.
 template <std::size_t Limit>
 class ShortValue {
 public:
@@ -60,7 +58,7 @@ private:
 
 using UsualValue = ShortValue<ValueBuffer::USUAL_LIMIT>;
 
-// Where a read puts its text: at most `limit` bytes, with room for a NUL behind them.
+// Where a read puts its text: at most `limit` bytes, with room for a NUL after them.
 struct ReadTarget {
     char *data;
     std::size_t limit;

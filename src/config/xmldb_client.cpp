@@ -18,7 +18,7 @@ constexpr std::size_t SET_SIZE = 1024;
 constexpr std::size_t FORMATTED_PATH_SIZE = 512;
 constexpr std::size_t TEXT_CHUNK = 1024;
 
-// Sends all parts, usually in one system call. Never raises SIGPIPE when the daemon has gone.
+// Sends all parts, usually in one system call. Raises no SIGPIPE when the daemon is gone.
 template <std::size_t N>
 bool send_all(const UniqueFd &connection, iovec (&parts)[N]) {
     msghdr message{};
@@ -44,7 +44,7 @@ int send_text(const UniqueFd &connection, std::uint16_t action, std::uint32_t fl
     return xmldb_request(connection, action, flags, text, std::strlen(text) + 1);
 }
 
-// A status that ends early counts as failure.
+// A truncated status counts as failure.
 int read_status(const UniqueFd &connection) {
     XmldbStatusReply reply{};
     std::size_t have = 0;
@@ -80,7 +80,7 @@ UniqueFd xmldb_open(const char *socket_path) {
     std::memcpy(address.sun_path, path, strnlen(path, sizeof address.sun_path));
     if (connect(connection.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) !=
         0) {
-        // Shows the argument as passed, not the default. Deliberate.
+        // Shows the argument, not the default. Deliberate.
         flush_output();
         std::fprintf(stderr, "Cound not connect to unix socket: %s.\n",
                      socket_path != nullptr ? socket_path : "(null)");

@@ -9,7 +9,7 @@
 #include <cstdint>
 #include <cstdio>
 
-// The daemon's socket when xmldb_open is given none. Tests use daemons of their own.
+// The socket that xmldb_open uses when it is given none.
 extern const char *xmldb_default_socket;
 
 // Connects to the daemon at `socket_path`, null for the default; the descriptor is close-on-exec.
@@ -19,8 +19,7 @@ UniqueFd xmldb_open(const char *socket_path);
 // Closes a connection.
 void xmldb_close(UniqueFd &connection);
 
-// Sends a header and `length` bytes of payload together. Returns 0, or -1 if they could not be
-// sent.
+// Sends a header and `length` bytes of payload. Returns 0, or -1 if they could not be sent.
 int xmldb_request(const UniqueFd &connection, std::uint16_t action, std::uint32_t flags,
                   const char *payload, std::size_t length);
 
@@ -28,12 +27,12 @@ int xmldb_request(const UniqueFd &connection, std::uint16_t action, std::uint32_
 // last read returned: below 1 when the reply ended without a NUL.
 int xmldb_read_text(const UniqueFd &connection, std::FILE *stream);
 
-// Asks for a node's text and copies it to `stream`; with a null stream the caller reads the reply
-// itself. Returns 0 or -1.
+// Requests a node's text and copies it to `stream`; with a null stream the caller reads the reply.
+// Returns 0 or -1.
 int xmldb_get(const UniqueFd &connection, std::uint32_t flags, const char *path, std::FILE *stream);
 
-// Asks for the node of a formatted path (cut at 511 characters) and reads its reply once, up to
-// `size` bytes. Returns what that read returned, -1 also when the request could not be sent.
+// Requests the node of a formatted path (cut at 511 characters) and reads the reply once, up to
+// `size` bytes. Returns what that read returned, or -1 when the request could not be sent.
 [[gnu::format(printf, 4, 5)]] int xmldb_get_format(const UniqueFd &connection, char *buffer,
                                                    std::size_t size, const char *path, ...);
 

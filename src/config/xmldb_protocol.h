@@ -1,5 +1,5 @@
-// The configuration daemon's socket protocol: a 12-byte header and a text, one request a
-// connection. All fields are in the host's byte order, since both ends run on one host.
+// The configuration daemon's socket protocol: a 12-byte header and a text, one request per
+// connection. Fields are in the host's byte order, since both ends run on one host.
 #pragma once
 
 #include <cstdint>
@@ -14,7 +14,7 @@ enum XmldbAction : std::uint16_t {
 
 struct XmldbRequestHeader {
     std::uint16_t action;
-    std::uint16_t length; // bytes of text that follow, its NUL included
+    std::uint16_t length; // bytes of text that follow, including the NUL
     std::uint32_t flags;
     std::uint8_t reserved[4];
 };

@@ -29,8 +29,8 @@ void echo_for_debugging(const char *word) {
         cli_printf("p: %s, len: %d\n", word, static_cast<int>(std::strlen(word)));
 }
 
-// Walks a word of `components` numbers with one separating character, whatever it is, between
-// them. The last component's size is left to the caller's conversion unless `check_last`.
+// Walks a word of `components` numbers with any one character between them. The last number's range
+// is left to the caller's conversion unless `check_last`.
 bool walk_components(const char *word, int components, int base, bool check_last) {
     const char *at = word;
     for (int component = 1; component <= components; ++component) {
@@ -54,8 +54,8 @@ bool is_digit(char c) {
 
 } // namespace
 
-// The unread words stand together, the newest right before the head: words are put in at the head,
-// and only the oldest is ever taken out.
+// The unread words are contiguous, the newest just before the head: words are added at the head,
+// and only the oldest is ever removed.
 int arg_count(const CliContext &cli) {
     int count = 0;
     while (count < CliContext::RING_SLOTS &&

@@ -1,7 +1,7 @@
-// How handlers take their words from the line and turn them into values.
+// Taking words from the line and converting them.
 //
-// "Consumed" below means that the operation adds one to the context's consumed count, from which
-// the dispatcher chooses the wording of its errors.
+// "Consumed" means that the operation adds one to the context's consumed count, by which the
+// dispatcher words its errors.
 #pragma once
 
 #include "config/text_utilities.h"
@@ -17,7 +17,7 @@ extern std::int32_t debug_print;
 // A MAC address as text, with its NUL.
 using MacText = std::array<char, 18>;
 
-// An IPv4 address in network order, as text; with its NUL.
+// An IPv4 address as dotted text, with its NUL.
 using Ipv4Text = std::array<char, 16>;
 
 // Number of unread words, 0..50.
@@ -26,18 +26,18 @@ int arg_count(const CliContext &cli);
 // Takes the oldest unread word (as typed), or returns null.
 char *arg_next(CliContext &cli);
 
-// The n-th unread word counting from 0, left in the ring, or null.
+// The n-th unread word, counting from 0, or null. It stays in the ring.
 char *arg_peek(const CliContext &cli, int n);
 
-// Takes the next word, consumed, as an unsigned number in `base` (0 allows the 0x and 0
-// prefixes). Larger numbers give 4294967295; a leading minus wraps, so -1 is 4294967295 too.
-// Returns 0; or -1 after printing "Error -- No value specified" or "Invalid input", when `value`
-// may already hold what was converted.
+// Takes the next word, consumed, as an unsigned number in `base` (0 allows the 0x and 0 prefixes).
+// Larger numbers give 4294967295; a leading minus wraps, so -1 is 4294967295 too. Returns 0; or -1
+// after printing "Error -- No value specified" or "Invalid input" (`value` may already be
+// overwritten then).
 int arg_uint(CliContext &cli, std::uint32_t &value, int base);
 
 // Takes the next word, consumed, as a dotted address, stored in network order. Refuses
-// 255.255.255.255, whose value is the library's mark of failure. Returns 1; or 0, after printing
-// "No value specified" when there was no word.
+// 255.255.255.255, which is what the library's conversion returns for failure. Returns 1; or 0,
+// after printing "No value specified" when there was no word.
 int arg_ipv4(CliContext &cli, std::uint32_t &address);
 
 // Reads the next word, consumed but left in the ring, as a MAC address of six hexadecimal
@@ -57,13 +57,12 @@ int ipv4_parse_blank(const char *text, std::array<std::uint8_t, 4> &address);
 // sign is 0, and numbers saturate at the limits of int. Returns 1, or 0 for anything else.
 int int_parse_blank(const char *text, std::int32_t &value);
 
-// The plain decimal conversion, read as unsigned, so that a negative number is larger than any
-// limit.
+// decimal_value as unsigned: a negative number is above every limit.
 inline std::uint32_t unsigned_value(const char *text) {
     return static_cast<std::uint32_t>(decimal_value(text));
 }
 
-// 1 when low <= decimal value of text <= high, else 0. A text that is no number is 0.
+// 1 when low <= decimal_value(text) <= high, else 0.
 int in_range(const char *text, int low, int high);
 
 // True when the only unread word, left in the ring, lies in low..high as for in_range.

@@ -23,7 +23,7 @@ int ping_host(CliContext &cli, const char *, CliCommand *) {
     std::uint32_t count = 3;
     if (left == 1 && arg_uint(cli, count, 10) != 0)
         return refuse("Invalid ping count.\n");
-    // Four echoes whatever count was typed. Deliberate.
+    // Four echo requests, whatever the count. Deliberate.
     run_command("ping -c 4 %s", ShellWord(host));
     return CLI_DONE;
 }

@@ -6,11 +6,11 @@
 // `exit`: ends the process with status 0. Settings that were not applied stay in the database.
 CliHandler exit_console;
 
-// `ping host [count]`: four echoes, whatever the count, which is only checked. Refuses a missing
-// host, a bad count, and silently words behind the count.
+// `ping host [count]`: sends four echo requests; the count is only checked. Refuses a missing host,
+// a bad count and, silently, further words.
 CliHandler ping_host;
 
-// `reboot`: while a firmware image is written, through the script that the update leaves.
+// `reboot`: while a firmware image is being written, by the script that the update provides.
 CliHandler reboot_device;
 
 // `orvik code`: the right code unlocks the debug level ("Ok"), a wrong one locks it ("Password is

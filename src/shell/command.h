@@ -12,10 +12,10 @@
 // Takes the context, the matched word (lowered; overwritten by the next dispatch level) and the
 // row's subtable. Returns a CliResult.
 //
-// What holds unless a handler's comment says otherwise: words are ignored; CLI_DONE, or CLI_REFUSED
-// after the message of a refusal, which writes nothing. A command that writes by what it reads ends
-// when a read fails: with CLI_REFUSED, silently but for what the read reported, and without a
-// further write. One that finds no memory prints its message for that and ends with CLI_REFUSED.
+// Unless a handler's comment says otherwise: words are ignored; the result is CLI_DONE, or
+// CLI_REFUSED after a message, with nothing written. When a read fails that decides what to write,
+// the handler writes nothing more and returns CLI_REFUSED; the read has reported the failure. When
+// memory runs out it prints its message for that and returns CLI_REFUSED.
 using CliHandler = int(CliContext &cli, const char *word, CliCommand *subtable);
 
 // Must be typed in full, and is hidden from listings while the debug level is locked.
@@ -39,7 +39,7 @@ using CommandTable = std::array<CliCommand, N + 1>;
 
 namespace table_checks {
 
-// Reaching this while a table is built stops the compilation with its name.
+// Has no definition: a call at compile time is an error that shows this name.
 void a_word_stands_twice();
 
 template <std::size_t N>
@@ -58,7 +58,7 @@ consteval void check_rows(const std::array<CliCommand, N> &rows) {
 
 } // namespace table_checks
 
-// Rows as they come, one family's part of a larger table.
+// Rows without a sentinel: one family's part of a larger table.
 template <std::size_t N>
 consteval std::array<CliCommand, N> command_rows(const CliCommand (&rows)[N]) {
     std::array<CliCommand, N> copy{};
@@ -81,7 +81,7 @@ constexpr auto join_rows(const std::array<CliCommand, N> &...groups) {
     return rows;
 }
 
-// The rows of several families in the given order, with the sentinel behind them.
+// The rows of several families in the given order, ended by the sentinel.
 template <std::size_t... N>
 consteval auto make_table(const std::array<CliCommand, N> &...groups) {
     const auto table = join_rows(groups..., std::array{CliCommand{"", nullptr, nullptr}});
@@ -95,7 +95,7 @@ consteval CommandTable<N> command_table(const CliCommand (&rows)[N]) {
     return make_table(command_rows(rows));
 }
 
-// A table with one row for every item of `items`, as `make_row` makes it.
+// A table with one row for every item, as `make_row` makes it.
 template <class Item, std::size_t N, class MakeRow>
 consteval CommandTable<N> command_table_of(const Item (&items)[N], MakeRow make_row) {
     std::array<CliCommand, N> rows{};
@@ -104,7 +104,7 @@ consteval CommandTable<N> command_table_of(const Item (&items)[N], MakeRow make_
     return make_table(rows);
 }
 
-// The item behind the row that was typed, in the table that command_table_of made of `items`.
+// The item of the row that was typed, in the table that command_table_of made of `items`.
 template <class Item, std::size_t N>
 const Item &item_of_current_row(const Item (&items)[N], const CommandTable<N> &table) {
     return items[current_command - table.data()];

@@ -32,8 +32,8 @@ private:
     std::size_t length_ = 0;
 };
 
-// The rows that a word which names none in full may become: of those that the dispatcher measured,
-// which leaves out what is hidden or locked, the ones with the longest match.
+// The rows that an incomplete word may become: those with the longest match. The dispatcher has
+// measured the matches, without hidden and locked rows.
 class Candidates {
 public:
     Candidates(const CliCommand *table, std::string_view word) : table_(table), word_(word) {
@@ -51,7 +51,7 @@ public:
         return rows;
     }
 
-    // What all their names begin with, in the first one's spelling.
+    // The beginning that all their names share, in the first one's spelling.
     [[nodiscard]] std::string_view common_part() const {
         std::string_view part;
         for_each([&part](const CliCommand &row) {
@@ -77,7 +77,7 @@ private:
     std::int32_t longest_ = 1;
 };
 
-// One line a candidate: its listing as a row, or its bare name when it has no help.
+// Prints one line: the row as listings show it, or its bare name when it has no help.
 void list_candidate(CliContext &cli, const CliCommand &row, const char *prefix) {
     if (row.help == nullptr) {
         cli_printf("%s %s\n", prefix, row.name);
@@ -93,7 +93,7 @@ public:
     CompletionWalker(CliContext &cli, CliCommand *root, Completed &completed)
         : cli_(cli), table_(root), completed_(completed) {}
 
-    // Follows a word that others follow. False when it names no visible row with a subtable.
+    // Follows a word that is not the last. False when it names no visible row with a subtable.
     bool descend(const char *typed) {
         const CommandMatch match = match_command(cli_, table_, prepare_word(cli_, typed));
         if (match.row == nullptr || !is_listed(cli_, *match.row) || match.row->subtable == nullptr)
@@ -103,7 +103,7 @@ public:
         return true;
     }
 
-    // Completes the word that the cursor stands behind. False when no row fits.
+    // Completes the word at the cursor. False when no row fits.
     bool complete_last(const char *typed) {
         const std::string_view word = prepare_word(cli_, typed);
         const CommandMatch match = match_command(cli_, table_, word);
@@ -124,7 +124,7 @@ public:
         return true;
     }
 
-    // Shows what may follow a word that is complete.
+    // Shows what may come next.
     void list_table() {
         char prefix[LINE_BUFFER_SIZE];
         copy_prefix(prefix);

@@ -28,8 +28,8 @@ int report_start_up_failure(const char *message) {
 // The bytes of standard input.
 class KeyReader {
 public:
-    // The next byte, or -1 at the end of input. What was printed is on the screen before this
-    // waits; while keys that were typed or pasted ahead are there, it may be on its way.
+    // The next byte, or -1 at the end of input. Flushes the output before it waits, but not while
+    // keys that were typed or pasted ahead are left.
     int next() {
         if (ahead_ == 0 && (ioctl(STDIN_FILENO, FIONREAD, &ahead_) != 0 || ahead_ <= 0)) {
             ahead_ = 0;
@@ -42,11 +42,11 @@ public:
         return got == 1 ? byte : -1;
     }
 
-    // Forgets what is there, which others may have read since.
+    // Forgets the keys typed ahead, which a child may have read.
     void forget() { ahead_ = 0; }
 
 private:
-    int ahead_ = 0; // bytes that are known to be there
+    int ahead_ = 0; // bytes known to be available
 };
 
 class Console {
@@ -67,7 +67,7 @@ public:
     }
 
 private:
-    // Handlers run after this, with the terminal as it was. False at the end of input.
+    // Restores the terminal before it returns. False at the end of input.
     bool edit_line() {
         std::optional<RawTerminal> raw;
         if (on_terminal_)
@@ -83,8 +83,8 @@ private:
             editor_.finish();
         else
             std::fputs("exit\n", stdout);
-        // Who types sees the line end, however long the command takes. For a pipe it goes out with
-        // what the command prints.
+        // On a terminal the line ends before the command runs, however long that takes. For a pipe
+        // the newline may wait for what the command prints.
         if (on_terminal_)
             std::fflush(stdout);
         return state == LineEditor::State::LineDone;
@@ -104,7 +104,6 @@ private:
         return complete_line(console->lines_.context(), console->root_, before_cursor, completed);
     }
 
-    // A pipe is not asked again at each line.
     static int width(void *owner) {
         return static_cast<const Console *>(owner)->on_terminal_ ? terminal_width()
                                                                  : USUAL_TERMINAL_WIDTH;

@@ -31,7 +31,7 @@ int split_line(CliContext &cli, char *line) {
 
 void reset_context(CliContext &cli) {
     const std::int32_t band = cli.current_band;
-    // Of the word buffer, most of the context, its end is enough.
+    // The word buffer, most of the context, only needs its first byte cleared.
     std::memset(&cli, 0, offsetof(CliContext, word_buffer) + 1);
     cli.current_band = band;
 }

@@ -43,12 +43,12 @@ inline int interface_number(const CliContext &cli) {
     return cli.current_band + 1;
 }
 
-// Puts a word (not copied) into the next slot of the ring. Past 50 words the oldest slots are
-// overwritten, so that only the last 50 words of a line survive.
+// Puts a word (not copied) into the next slot of the ring. From the 51st word on the oldest are
+// overwritten, so only the last 50 words of a line survive.
 void ring_push(CliContext &cli, char *word);
 
-// Splits a line in place at single blanks and pushes its words. Runs of blanks give no empty
-// words; tabs, quotes and backslashes have no meaning. Returns the number of words pushed.
+// Splits a line in place at blanks and pushes its words; tabs, quotes and backslashes have no
+// meaning. Returns the number of words pushed.
 int split_line(CliContext &cli, char *line);
 
 // Everything back to zero but the current band.

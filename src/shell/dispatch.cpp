@@ -36,26 +36,27 @@ std::int32_t common_prefix(const char *name, std::string_view word) {
 CliCommand *find_exact(const CliContext &cli, CliCommand *table, std::string_view word) {
     const char first = word.empty() ? '\0' : without_case(word[0]);
     for (CliCommand *row = table; row->handler != nullptr; ++row) {
-        // Nearly all rows are sorted out here, at the least cost.
+        // The cheapest test rules out nearly all rows.
         if (without_case(row->name[0]) != first)
             continue;
-        // Tags are not looked at here: a locked row found by its full name is an error, not a
-        // reason to try prefixes.
+        // Tags are ignored here: a locked row named in full is an error, not a reason to try
+        // prefixes.
         if (equals_lowered(row->name, word) && is_on_band(cli, *row))
             return row;
     }
     return nullptr;
 }
 
-// Sets the match length of every row that a prefix may name; returns how many there are.
+// Sets the match length of every row, 0 where the word cannot be its prefix; returns how many
+// candidates there are.
 int measure_prefixes(const CliContext &cli, CliCommand *table, std::string_view word) {
     int candidates = 0;
     for (CliCommand *row = table; row->handler != nullptr; ++row) {
         row->match_length = 0;
         if (is_locked(*row) || is_hidden(*row) || !is_on_band(cli, *row))
             continue;
-        // Compared with case, the lowered word against the name as it stands: capitals in a
-        // name end its match length. Deliberate.
+        // The lowered word is compared with the name as written, so a capital ends the match.
+        // Deliberate.
         row->match_length = common_prefix(row->name, word);
         if (row->match_length > 0)
             ++candidates;
@@ -84,8 +85,7 @@ int report_unknown(CliContext &cli) {
     while (const char *word = arg_next(cli))
         cli_printf(" %s", word);
     cli_printf("\n");
-    // A root table whose first row begins with "#" would have no help to point at; the shipped
-    // one does not.
+    // A root table whose first row begins with "#" has no help to point at.
     if (cli.depth != 1 || cli.table_stack[0]->name[0] != '#') {
         cli_printf(cli.consumed_count < 3 ? "Type \"help\" for a list of valid commands.\n"
                                           : "List of valid parameter(s):\n");
@@ -93,7 +93,7 @@ int report_unknown(CliContext &cli) {
     return cli.consumed_count < 3 ? CLI_UNKNOWN : CLI_BAD_PARAMETER;
 }
 
-// What a row that was matched alone makes of its handler's result.
+// The result of a row that was the only match.
 int finish_single(CliContext &cli, const CliCommand &row, int result) {
     switch (result) {
     case CLI_UNKNOWN:

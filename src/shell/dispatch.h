@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-// Rows of `table` that a word fits, as the dispatcher counts them.
+// What a word matches in a table.
 struct CommandMatch {
     CliCommand *row; // the row taken; null when the word names none
     bool several;    // more than one row shares a beginning with the word
@@ -23,12 +23,12 @@ std::string_view prepare_word(CliContext &cli, const char *word);
 // length.
 CommandMatch match_command(const CliContext &cli, CliCommand *table, std::string_view word);
 
-// Takes the next word of the ring, finds its row in `table` and runs the handler. Prints
-// "Unknown command" or "Invalid parameter" and a hint when there is none, and the listing that
-// a handler asked for. Returns 0 when no word is left, else a CliResult.
+// Takes the next word, finds its row in `table` and runs the handler. Without a row prints "Unknown
+// command" or "Invalid parameter" and a hint. Prints the listing that a handler asks for. Returns 0
+// when no word is left, else a CliResult.
 int cli_dispatch(CliContext &cli, CliCommand *table);
 
-// Handler of every family row: asks for the listing of the family when no word is left, else
+// The handler of every family row: asks for the family's listing when no word is left, else
 // dispatches into the subtable. Returns 1 for a null subtable.
 CliHandler dispatch_subtable;
 

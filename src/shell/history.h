@@ -3,21 +3,20 @@
 #include <array>
 #include <memory>
 
-// The last lines entered, oldest first, and the place that browsing has reached among them. The
-// place behind the newest is that of the fresh line being typed.
+// The last lines entered, oldest first, and the position of browsing among them. The position after
+// the newest is that of the line being typed.
 class History {
 public:
     static constexpr int CAPACITY = 5;
 
-    // Remembers a line as the newest and moves behind it. Without memory it is not remembered.
+    // Adds a line as the newest and stops browsing. Without memory the line is dropped.
     void add(const char *line);
 
-    // Back to the place behind the newest entry.
+    // Moves back to the line being typed.
     void stop_browsing();
 
-    // The entry before or behind the current place, which moves there; null at the ends, and when
-    // memory for keeping `fresh_line`, the line typed so far, ran out. Moving behind the newest
-    // entry gives that line back.
+    // Moves to the previous or next entry and returns it; null at the ends, and when there is no
+    // memory to keep `fresh_line`, the line typed so far. After the newest entry comes that line.
     const char *previous(const char *fresh_line);
     const char *next();
 

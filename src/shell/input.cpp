@@ -8,8 +8,7 @@
 
 namespace {
 
-// After a read that failed. A tool may have left the terminal, which is where output goes as well,
-// in non-blocking mode.
+// Called after a failed read. A tool may have left the terminal in non-blocking mode.
 bool may_read_again(int fd) {
     if (errno != EAGAIN)
         return errno == EINTR;

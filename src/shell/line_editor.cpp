@@ -32,7 +32,7 @@ constexpr char BACKSPACE = '\b';
 // Moves shorter than this are cheaper as backspaces.
 constexpr int SEQUENCE_DISTANCE = 4;
 
-// What a sequence's final byte stands for: one of the keys above, or 0.
+// The key that a sequence's final byte stands for, or 0.
 unsigned char key_of_sequence(unsigned char final_byte) {
     switch (final_byte) {
     case 'A':
@@ -111,7 +111,7 @@ LineEditor::State LineEditor::feed(unsigned char byte) {
 }
 
 void LineEditor::run_key(unsigned char key) {
-    // A switch, since a table of functions is relocated into memory of its own.
+    // A switch, since a table of functions would be relocated into private memory.
     switch (key) {
     case CTRL_A:
         return move_left(cursor_);
@@ -147,7 +147,7 @@ void LineEditor::run_key(unsigned char key) {
     }
 }
 
-// A sequence is swallowed up to its final byte, whether or not it means anything here.
+// An unknown sequence is swallowed up to its final byte.
 void LineEditor::feed_escape(unsigned char byte) {
     if (escape_ == Escape::Began && (byte == '[' || byte == 'O')) {
         escape_ = Escape::Parameters;
@@ -185,8 +185,8 @@ void LineEditor::print_prompt() {
     row_ = 0;
 }
 
-// Prints the character at the cursor and steps over it. At the edge of the screen the next one is
-// printed too and stepped back from, which makes the terminal wrap.
+// Prints the character at the cursor and moves past it. At the edge of the screen it also prints
+// the next one and moves back, which makes the terminal wrap.
 void LineEditor::echo() {
     putc_unlocked(char_at(cursor_), out_);
     ++cursor_;
@@ -220,7 +220,7 @@ void LineEditor::move_left(int distance) {
     }
     if (column_ != 0)
         putc_unlocked('\r', out_);
-    // A distance of whole rows ends in the first column, without a row too many.
+    // A distance of whole rows ends in the first column, not a row further up.
     const int remaining = distance - column_;
     const int rows = (remaining + width_ - 1) / width_;
     row_ -= rows;
@@ -235,8 +235,8 @@ void LineEditor::right() {
         echo();
 }
 
-// Draws prompt and line anew from the prompt's row, and leaves the cursor so many characters
-// before the end.
+// Redraws prompt and line from the prompt's row, and leaves the cursor that many characters before
+// the end.
 void LineEditor::redraw(int cursor_from_end) {
     if (row_ > 0)
         std::fprintf(out_, "\x1b[%dA", row_);
@@ -300,7 +300,7 @@ void LineEditor::cut_at_cursor() {
     std::fputs("\x1b[J", out_);
 }
 
-// A line that wraps below the cursor must not be written over.
+// Output must not overwrite a line that wraps below the cursor.
 void LineEditor::step_below_line() {
     if (row_ < (static_cast<int>(std::strlen(prompt_)) + length_) / width_)
         echo_to_end();
@@ -332,8 +332,8 @@ void LineEditor::replace_line(std::string_view text) {
     line_[length_] = '\0';
 }
 
-// What stands before the cursor is completed, what stands behind it is kept. Listings push the
-// old line up, so line and prompt are drawn anew below them.
+// Completes the part before the cursor and keeps the rest. Prompt and line are redrawn below what
+// was listed.
 void LineEditor::complete() {
     if (completer_ == nullptr)
         return;

@@ -7,38 +7,38 @@
 #include <cstdio>
 #include <string_view>
 
-// Memory for a line: its text and the NUL, with a byte to spare.
+// Size of a line's buffer: its text, a NUL and a byte to spare.
 inline constexpr std::size_t LINE_BUFFER_SIZE = 4096;
 
-// Characters that a line takes.
+// The most characters in a line.
 inline constexpr int LINE_LIMIT = 4094;
 
-// Completes the part of a line before the cursor: prints what there is to show and puts the new
-// text (at most LINE_LIMIT characters) into `completed`. False when nothing is to change.
+// Completes the part of a line before the cursor: prints candidates and puts the new text (at most
+// LINE_LIMIT characters) into `completed`. False when the line stays as it is.
 using LineCompleter = bool(void *owner, std::string_view before_cursor,
                            char (&completed)[LINE_BUFFER_SIZE]);
 
-// The columns at which the terminal wraps, more than the prompt takes.
+// Returns the terminal's width in columns, more than the prompt takes.
 using TerminalWidth = int(void *owner);
 
 class LineEditor {
 public:
     enum class State { Editing, LineDone, EndOfInput };
 
-    // Writes to `out`. The prompt outlives the editor. `completer` may be null. The width is asked
-    // for with each new line and holds for all of it.
+    // Writes to `out`. `prompt` must outlive the editor. `completer` may be null. The width is read
+    // at the start of each line.
     LineEditor(std::FILE *out, const char *prompt, LineCompleter *completer,
                TerminalWidth *terminal_width, void *owner);
 
-    // Begins a new empty line in `line`, which the editor uses until the line is done, and prints
-    // the prompt. The history stays.
+    // Prints the prompt and begins an empty line in `line`, which the editor uses until the line is
+    // done.
     void begin(char (&line)[LINE_BUFFER_SIZE]);
 
     // Takes one byte as typed. LineDone after carriage return or line feed; EndOfInput after
     // Ctrl-D on an empty line.
     State feed(unsigned char byte);
 
-    // Leaves a finished line: puts a non-empty one into the history, prints a newline.
+    // Ends a finished line: adds it to the history unless it is empty, and prints a newline.
     void finish();
 
     [[nodiscard]] int length() const { return length_; }
@@ -52,7 +52,7 @@ private:
     void feed_escape(unsigned char byte);
     void run_key(unsigned char key);
 
-    // What the screen shows at an index: the line's character, or a blank behind its end.
+    // The character on the screen at an index: a blank after the line's end.
     [[nodiscard]] char char_at(int index) const { return index < length_ ? line_[index] : ' '; }
     void print_prompt();
     void echo();

@@ -41,8 +41,7 @@ int LineRunner::dispatch() {
     return result;
 }
 
-// Of the line and the context only as much is cleared as is read: what is never written takes no
-// memory.
+// Clears only as much of the line and the context as is read: untouched pages take no memory.
 std::unique_ptr<LineRunner::LineBuffer> LineRunner::allocate_line() {
     std::unique_ptr<LineBuffer> line(new (std::nothrow) LineBuffer);
     if (line != nullptr)

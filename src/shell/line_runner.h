@@ -11,19 +11,19 @@ public:
     // Lines begin in the table `root`.
     explicit LineRunner(CliCommand *root) : root_(root) {}
 
-    // Allocates what every line needs. False, after reporting it on standard error, when there is
-    // no memory; nothing else may be called then.
+    // Allocates what every line needs. False when there is no memory, after reporting it on
+    // standard error; nothing else may be called then.
     bool start();
 
-    // The line's memory. It may change with each line that is run.
+    // The line's buffer. It may change with each line that is run.
     [[nodiscard]] char (&line())[LINE_BUFFER_SIZE] { return line_->text; }
 
     [[nodiscard]] CliContext &context() { return *cli_; }
 
-    // Splits the line into the context's words, in place.
+    // Splits the line in place into the context's words.
     void split() { split_line(*cli_, line_->text); }
 
-    // Whether the words' first one names the row of this handler in the root table.
+    // True when the first word names the row of this handler in the root table.
     [[nodiscard]] bool names(CliHandler *handler);
 
     // Dispatches the words, and makes line and context ready for the next line. Returns the

@@ -13,9 +13,9 @@ enum ListLevel : int {
 // Set by completion: the next cli_list looks at the first row of its table only.
 extern bool list_first_row_only;
 
-// Prints the rows of `table` that are visible as "prefix name -- help" lines. `filter` (null for
-// none) keeps the rows whose names begin with it, case-sensitively. Levels 2 to 9 print nothing
-// for rows with a subtable. Returns 0.
+// Prints the visible rows of `table` as "prefix name -- help" lines. `filter` (null for none) keeps
+// the rows whose names begin with it, case-sensitively. Levels 2 to 9 print nothing for rows with a
+// subtable. Returns 0.
 int cli_list(CliContext &cli, const CliCommand *table, const char *prefix, const char *filter,
              int level);
 

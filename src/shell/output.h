@@ -1,4 +1,4 @@
-// Everything that the program says.
+// Printing to standard output.
 #pragma once
 
 #include "config/value_buffer.h"
@@ -13,19 +13,18 @@
 // Prints each text as a line of its own.
 void print_lines(std::initializer_list<const char *> lines);
 
-// Formats a refusal like cli_printf; returns CLI_REFUSED, for a handler to return in turn.
+// Prints a refusal like cli_printf. Returns CLI_REFUSED, for a handler to return in turn.
 [[gnu::format(printf, 1, 2)]] int refuse(const char *format, ...);
 
-// Says like cli_printf why a check failed; returns false, for the check to return in turn.
+// Prints like cli_printf why a check failed. Returns false, for the check to return in turn.
 [[gnu::format(printf, 1, 2)]] bool complain(const char *format, ...);
 
-// Makes a value that others chose, such as a neighbour's SSID or a client's host name, fit to be
-// shown: each control character (below 0x20, and 0x7f) becomes a "?", so that nobody else writes to
-// the administrator's terminal. Bytes from 0x80 on stay, for names in UTF-8. Returns the text,
-// which is changed in place.
+// Makes a value that others chose, such as a neighbour's SSID or a client's host name, safe to
+// print: each control character (below 0x20, and 0x7f) becomes "?", in place. Bytes from 0x80 on
+// stay, for names in UTF-8. Returns the text.
 const char *printable_text(ReadTarget value);
 
-// The name of a switch's state: "enable" when it is 1, "disable" for everything else.
+// The name of a switch's state.
 inline const char *enable_word(bool on) {
     return on ? "enable" : "disable";
 }

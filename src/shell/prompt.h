@@ -1,6 +1,6 @@
 #pragma once
 
-// What is printed before each line: 16 bytes, allocated at start-up.
+// Printed before each line: PROMPT_SIZE bytes, allocated at start-up.
 extern char *cli_prompt;
 
 inline constexpr int PROMPT_SIZE = 16;

@@ -1,9 +1,9 @@
-// Which rows of the command tables the debug level and the current band let through.
+// Which rows the debug level and the current band make available.
 #pragma once
 
 #include "shell/command.h"
 
-// True when the debug level or the band keeps a row out of listings and completion.
+// True when listings and completion show the row.
 bool is_listed(const CliContext &cli, const CliCommand &row);
 
 // True when the row is debug-only and the debug level is locked.

@@ -30,8 +30,8 @@ struct Options {
     bool keeps_going = false;
 };
 
-// Gathers the texts of -c at the start of argv. False when an option is wrong, or when there is
-// not one source of lines.
+// Gathers the texts of -c at the start of argv. False unless the options are valid and name exactly
+// one source of lines.
 bool read_options(int argc, char **argv, Options &options) {
     options.texts = argv;
     opterr = 0;
@@ -58,7 +58,7 @@ public:
     // The next byte, or -1 at the end.
     int next() { return fd_ < 0 ? next_of_texts() : next_read(); }
 
-    // Why reading failed, as errno has it; 0 while it did not.
+    // The errno of a failed read, or 0.
     [[nodiscard]] int error() const { return error_; }
 
 private:
@@ -95,7 +95,7 @@ private:
 
 class GrowingText {
 public:
-    // False when there is no memory; the text is as before then.
+    // False when there is no memory; the text is unchanged then.
     bool append(std::string_view more) {
         if (length_ + more.size() > capacity_) {
             const std::size_t capacity = 2 * (length_ + more.size());
@@ -139,7 +139,7 @@ public:
     }
 
 private:
-    // False at the end, and when reading failed: a line cut short must not run.
+    // False at the end, and when reading failed: a truncated line must not run.
     bool read_line() {
         ++number_;
         length_ = 0;
@@ -193,7 +193,7 @@ private:
         return is_done && node_failures == failures_before && !is_interrupted_;
     }
 
-    // Names the line: at once, or at the end if the run goes on.
+    // Names the line at once, or at the end with -k.
     void note_failure() {
         has_failed_ = true;
         is_over_ = !keeps_going_ || is_interrupted_;
@@ -207,8 +207,8 @@ private:
             std::fputs(message, stderr);
     }
 
-    // Replaces what a terminal must not get; a line with such characters is only shown. Returns
-    // false when there were any.
+    // Replaces characters that are not printable ASCII, since the line is shown. False when there
+    // were any.
     bool make_printable() {
         bool was_printable = true;
         for (std::size_t at = 0; at < length_; ++at) {
@@ -227,7 +227,7 @@ private:
 
     LineSource &source_;
     LineRunner &lines_;
-    char line_[LINE_BUFFER_SIZE]; // as it came, whatever handlers do to their words
+    char line_[LINE_BUFFER_SIZE]; // as read: handlers may change their words
     std::size_t length_ = 0;
     unsigned long number_ = 0; // of the line, from 1
     GrowingText failures_;

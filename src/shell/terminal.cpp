@@ -12,7 +12,7 @@ int terminal_width() {
     return is_known ? window.ws_col : USUAL_TERMINAL_WIDTH;
 }
 
-// Applied and restored at once, without dropping what was typed ahead.
+// TCSANOW keeps what was typed ahead.
 RawTerminal::RawTerminal() {
     if (tcgetattr(STDIN_FILENO, &saved_) != 0)
         return;

@@ -2,11 +2,11 @@
 
 #include <termios.h>
 
-// Columns of a terminal that tells no width.
+// The width of a terminal that reports none, in columns.
 inline constexpr int USUAL_TERMINAL_WIDTH = 80;
 
-// The width of the terminal on standard input, in columns: USUAL_TERMINAL_WIDTH when it is no
-// terminal, or tells none, or one that a prompt would fill.
+// The width of the terminal on standard input, in columns. USUAL_TERMINAL_WIDTH when there is no
+// terminal, or it reports no width or one that the prompt would fill.
 int terminal_width();
 
 // Puts the terminal on standard input into character-at-a-time mode while it lives.

@@ -57,7 +57,7 @@ bool take_host_address(CliContext &cli, Ipv4Text &address) {
 bool take_netmask(CliContext &cli, Ipv4Text &mask) {
     static constexpr Ipv4Text ALL_ONES = {"255.255.255.255"};
     const char *word = arg_peek(cli, 0);
-    // As an address this word is the library's mark of failure; as a mask it is good.
+    // arg_ipv4 refuses this word, which is a valid mask.
     if (word != nullptr && std::strcmp(word, ALL_ONES.data()) == 0) {
         arg_next(cli);
         mask = ALL_ONES;

@@ -26,7 +26,7 @@ int delete_address(const AddressList &list, ReadTarget value, const char *addres
         return CLI_REFUSED;
     const std::optional<int> match = place.match;
     if (!match)
-        return refuse("error macaddrdel!\n"); // whatever kind of address. Deliberate.
+        return refuse("error macaddrdel!\n"); // for every kind of address. Deliberate.
     list.entries.remove(*match);
     return mark_for_apply(APPLY_WLAN);
 }

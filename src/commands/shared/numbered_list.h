@@ -7,7 +7,7 @@
 #include <concepts>
 #include <optional>
 
-// The path of a list's entry with its NUL, far above the longest.
+// The path of an entry with its NUL, with room to spare.
 using ListPath = std::array<char, 128>;
 
 // The nodes that hold one column of a list.
@@ -26,8 +26,8 @@ public:
     // The path of entry `index`.
     [[nodiscard]] ListPath path(int index) const;
 
-    // Reads entry `index`, as cfg_get does. An entry that could not be read is neither free nor
-    // used: a command whose writes depend on it must refuse.
+    // Reads entry `index`, as cfg_get does. An entry that could not be read counts as neither free
+    // nor used: a command whose writes depend on it must refuse.
     [[nodiscard]] int read(ReadTarget value, int index) const;
 
     // Their results may be ignored: failures have been reported.
@@ -64,8 +64,8 @@ struct ListPlace {
     std::optional<int> vacancy = std::nullopt;
 };
 
-// Searches entries 1..capacity for the first that equals `text` exactly or is empty. `value` is
-// the buffer for the entries.
+// Searches entries 1..capacity for the first that equals `text` or is empty. `value` is a buffer
+// for the entries.
 ListPlace find_in_list(const NumberedList &list, ReadTarget value, const char *text, int capacity);
 
 // Reads entries 1..capacity into `value` up to the first that is empty or cannot be read, and calls
@@ -80,6 +80,6 @@ int for_each_entry(const NumberedList &list, Value &value, int capacity, Visit v
     return capacity;
 }
 
-// Capacity of lists that end only at their first empty entry. Far above any real list, so that a
-// database that never returns an empty entry cannot hang the console.
+// The capacity of lists that end only at their first empty entry: far above any real list, so that
+// a database that never returns an empty entry cannot hang the console.
 inline constexpr int LIST_BOUND = 4096;

@@ -1,7 +1,7 @@
-// The vocabulary of rows: handlers and tables that need no function of a family's own. Their texts
-// are template arguments. A node's path and a command line may hold one "%d", for the number of the
-// current band's interface. Displays print their `MemoryMessage` and return CLI_REFUSED when memory
-// runs out.
+// The vocabulary of rows: handlers and tables that are made of texts, given as template arguments.
+// A node's path and a command line may hold one "%d", for the number of the current band's
+// interface. `MemoryMessage` is printed when memory runs out. Results are those of handlers, see
+// CliHandler.
 #pragma once
 
 #include "commands/shared/address.h"
@@ -43,8 +43,8 @@ consteval FixedText<N + M - 1> operator+(const FixedText<N> &first, const FixedT
 template <FixedText Text>
 inline constexpr const char *static_text = Text.text;
 
-// Texts of rows that differ by a word: `before`, the word and `after` for each of `words`, which
-// have at most `Longest` characters.
+// Texts that differ by a word: `before`, the word and `after` for each of `words`, which have at
+// most `Longest` characters.
 template <std::size_t Longest, std::size_t Count, std::size_t N, std::size_t M>
 consteval auto texts_around(const char (&before)[N],
                             const std::array<std::string_view, Count> &words,
@@ -58,7 +58,7 @@ consteval auto texts_around(const char (&before)[N],
     return texts;
 }
 
-// A row for each of such texts, whose handler finds its word by the row.
+// A row for each of such texts.
 template <class Names, class Help>
 consteval auto rows_for_each(const Names &names, const Help &help, CliHandler *handler) {
     std::array<CliCommand, std::tuple_size_v<Names>> rows{};
@@ -74,8 +74,8 @@ inline constexpr char FAIL_TO_ALLOCATE[] = "Error: fail to allocate memery\n"; /
 
 // Writes.
 
-// Writes `value` to the node of `path`, sets the apply bits, prints `message`. Returns 0, also
-// when the write failed.
+// Writes `value` to the node of `path`, prints `message`, sets the apply bits. Returns 0 even if
+// the write failed.
 int write_fixed_value(const CliContext &cli, const char *path, const char *value,
                       std::uint32_t apply_bits, const char *message);
 
@@ -85,14 +85,14 @@ int write_fixed(CliContext &cli, const char *, CliCommand *) {
     return write_fixed_value(cli, Path.text, Value.text, ApplyBits, Message.text);
 }
 
-// The table of a switch, "1" for enable and "0" for disable, whose help says "enable THING".
+// The table of a switch, "1" for enable and "0" for disable, with "enable THING" as help.
 template <FixedText Path, std::uint32_t ApplyBits, FixedText Thing>
 inline constinit auto switch_rows = command_table({
     {"enable", static_text<FixedText("enable ") + Thing>, write_fixed<Path, "1", ApplyBits>},
     {"disable", static_text<FixedText("disable ") + Thing>, write_fixed<Path, "0", ApplyBits>},
 });
 
-// A switch that prints "STATUS: Enable", and whose help says "Set THING Enabled".
+// A switch that prints "STATUS: Enable", with "Set THING Enabled" as help.
 template <FixedText Path, std::uint32_t ApplyBits, FixedText Thing, FixedText Status>
 inline constinit auto reporting_switch_rows = command_table({
     {"enable", static_text<FixedText("Set ") + Thing + FixedText(" Enabled")>,
@@ -101,17 +101,17 @@ inline constinit auto reporting_switch_rows = command_table({
      write_fixed<Path, "0", ApplyBits, Status + FixedText(": Disable\n")>},
 });
 
-// The numbers that a word may be, and how others are refused.
+// The range of a number, and how other words are refused.
 struct WordRange {
     std::uint32_t low;
-    std::uint32_t high; // compared unsigned, so that a negative number is above it
+    std::uint32_t high; // compared unsigned: a negative number is above it
     const char *outside;
     const char *missing;
-    int refusal; // the result behind either message
+    int refusal; // the result after either message
 };
 
 // Writes the first unread word, left in the ring, as typed to the node of `path` when its decimal
-// value is in the range; sets the apply bits and returns 0.
+// value is in the range, and sets the apply bits.
 int write_word_in_range(const CliContext &cli, const char *path, const WordRange &range,
                         std::uint32_t apply_bits);
 
@@ -123,16 +123,16 @@ int write_in_range(CliContext &cli, const char *, CliCommand *) {
     return write_word_in_range(cli, Path.text, RANGE, ApplyBits);
 }
 
-// A setter of one word, the only one left on the line.
+// A setter of one value, the only word left on the line.
 struct ValueSetter {
     const char *path;
     ValueRule rule;
     std::uint32_t apply_bits;
     const char *error_line;               // the refusal of a wrong number of words
-    const char *value_error = error_line; // the same behind what the rule or arg_uint said
+    const char *value_error = error_line; // the same after the message of the rule or of arg_uint
 };
 
-// Takes and checks the word, writes it, sets the apply bits. Returns 0, or -1 after the refusal.
+// Takes and checks the word, writes it, sets the apply bits.
 int store_value(CliContext &cli, const ValueSetter &setter);
 
 template <const ValueSetter &Setter>
@@ -140,9 +140,8 @@ int set_value(CliContext &cli, const char *, CliCommand *) {
     return store_value(cli, Setter);
 }
 
-// Takes an address of the device, the only word left, and writes it in canonical form to the node
-// of `path`; sets the apply bits. `take` is one of the readers in address.h. Returns 0; or -1, with
-// nothing written, after `message`.
+// Takes an address, the only word left, with a reader of address.h. Writes it in canonical form to
+// the node of `path` and sets the apply bits. Refused with `message`.
 int write_address(CliContext &cli, bool (*take)(CliContext &cli, Ipv4Text &address),
                   const char *path, std::uint32_t apply_bits, const char *message);
 
@@ -160,8 +159,7 @@ int set_netmask(CliContext &cli, const char *, CliCommand *) {
 
 // Displays.
 
-// Prints `format` with the node's text, read up to `limit` bytes, for its "%s". Returns 0; or -1
-// after `memory_message`.
+// Prints `format` with the node's text, read up to `limit` bytes, for its "%s".
 int show_node_text(const CliContext &cli, const char *path, const char *format, std::size_t limit,
                    const char *memory_message);
 
@@ -175,8 +173,7 @@ int show_text(CliContext &cli, const char *, CliCommand *) {
 // Names a node's number in a display.
 using NumberName = const char *(int number);
 
-// Prints `format` with the name of the node's number for its "%s". Returns 0; or -1 after
-// `memory_message`.
+// Prints `format` with the name of the node's number for its "%s".
 int show_node_name(const CliContext &cli, const char *path, const char *format, NumberName *name,
                    const char *memory_message);
 
@@ -193,7 +190,7 @@ const char *switch_name(int number);
 template <FixedText Path, FixedText Format, FixedText MemoryMessage = MEMORY_ERROR>
 inline constexpr CliHandler *show_switch = show_name<Path, Format, switch_name, MemoryMessage>;
 
-// Prints `format` with the node's number for its "%d". Returns 0.
+// Prints `format` with the node's number for its "%d".
 int show_node_number(const CliContext &cli, const char *path, const char *format);
 
 template <FixedText Path, FixedText Format>
@@ -202,10 +199,9 @@ int show_number(CliContext &cli, const char *, CliCommand *) {
     return show_node_number(cli, Path.text, Format.text);
 }
 
-// Reads a node of at most 10 bytes and prints the one of `lines` that its number counts from 0;
-// for any other number "Error: unknown Linited Administration type", deliberately whatever is
-// displayed. Returns 0; or -1 after "Error: fail to allocate memery" when the read failed or memory
-// ran out.
+// Reads a node of at most 10 bytes and prints the line of its number, counted from 0. For any other
+// number every display prints "Error: unknown Linited Administration type". Deliberate. Refused
+// with FAIL_TO_ALLOCATE when the read failed or memory ran out.
 int print_numbered_line(const char *path, std::initializer_list<const char *> lines);
 
 template <FixedText Path, FixedText... Lines>
@@ -214,7 +210,7 @@ int show_numbered_line(CliContext &, const char *, CliCommand *) {
     return print_numbered_line(Path.text, {Lines.text...});
 }
 
-// What is shown of a list's entry: see printable_text.
+// Makes the text to show of a list's entry; see printable_text.
 using EntryText = const char *(ReadTarget entry);
 
 // The name of an entry's number.
@@ -224,12 +220,11 @@ const char *entry_name(ReadTarget entry) {
 }
 
 // Prints a line for each of the entries 1..limit up to the first empty one: `format` with the
-// entry's number for its "%d", and for its "%s" the entry's text, or what `text` makes of it.
-// Returns 0; or -1 after `memory_message`.
+// entry's number for its "%d" and its text, or what `text` makes of it, for its "%s".
 int show_entries(const NumberedList &list, int limit, const char *format,
                  const char *memory_message, EntryText *text);
 
-// Where the pattern has two "%d" the first is for the interface's number.
+// In a pattern with two "%d" the first is for the interface's number.
 template <FixedText Pattern, FixedText Format, FixedText MemoryMessage = NO_ENOUGH_MEMORY,
           EntryText *Text = nullptr, int Limit = LIST_BOUND>
 int show_list(CliContext &cli, const char *, CliCommand *) {
@@ -243,7 +238,7 @@ int show_list(CliContext &cli, const char *, CliCommand *) {
 
 // Tools of the device.
 
-// Runs a command line of the program's own text. Returns 0.
+// Runs a command line of the program's own text. Returns 0, whatever the tool does.
 int run_fixed_command(const CliContext &cli, const char *command);
 
 template <FixedText Command>
@@ -253,7 +248,7 @@ int run_fixed(CliContext &cli, const char *, CliCommand *) {
 }
 
 // Runs a command line and prints `format` with the tool's output, cut at `limit` (at most 1023)
-// characters and without its last newline, for its "%s". Returns 0.
+// characters and without its last newline, for its "%s".
 int show_tool_output(const CommandLine &line, const char *format, std::size_t limit);
 
 // Formats a command line, runs it and shows the output.

@@ -1,5 +1,5 @@
-// Multi-SSID slots, the three SSIDs that a radio offers besides its primary one: the switches,
-// values and displays that every slot has.
+// Multi-SSID slots, the three SSIDs of a radio beside its primary one: the switches, values and
+// displays of a slot. Results are those of handlers, see CliHandler.
 //
 // Nodes of a slot are written "/wlan/inf:N/multi/index:" + slot + leaf, with N the number of the
 // current band's interface and a leaf such as "/ssid".
@@ -26,29 +26,28 @@ int read_slot(ReadTarget value, const CliContext &cli, const LineIndex &slot, co
 // Writes a leaf of a slot, as cfg_set does.
 int write_slot(const char *value, const CliContext &cli, const LineIndex &slot, const char *leaf);
 
-// A leaf that is set to a fixed value. The slot, read as a number, is the only word.
+// A leaf that is set to a fixed value. The slot is the only word, read by arg_uint.
 struct SlotSwitch {
     const char *leaf;
     IndexRefusal refusal;
 };
 
-// Takes the slot, writes `value`, sets APPLY_WLAN. Returns 0, or -1 after the refusal.
+// Takes the slot, writes `value`, sets APPLY_WLAN.
 int store_slot_switch(CliContext &cli, const SlotSwitch &target, const char *value);
 
 // A leaf that is set to a value. The value and the slot are the only words.
 struct SlotSetter {
     const char *leaf;
     ValueRule rule;
-    const char *wanted; // besides the slot, in the refusal of a wrong count of words
+    const char *wanted; // named beside the slot in the refusal of a wrong number of words
     const char *error_line;
-    const char *value_error = error_line; // behind what the rule or arg_uint printed
+    const char *value_error = error_line; // after the message of the rule or of arg_uint
     const char *out_of_range = SLOT_NOT_CORRECT;
-    const char *slot_error = error_line; // behind out_of_range
+    const char *slot_error = error_line; // after out_of_range
     bool as_number = false;              // the slot goes into the path as a number
 };
 
-// Takes the value and the slot, writes the value, sets APPLY_WLAN. Returns 0, or -1 after the
-// refusal.
+// Takes the value and the slot, writes the value, sets APPLY_WLAN.
 int store_slot_value(CliContext &cli, const SlotSetter &setter);
 
 enum class SlotValue { Text, Number, Name };
@@ -64,8 +63,7 @@ struct SlotDisplay {
     int refused = CLI_DONE; // the result after the refusal
 };
 
-// Takes the slot and shows the leaf. Returns 0; `refused` after the refusal; or -1 after
-// " can't alloc memory ".
+// Takes the slot and shows the leaf. Returns `refused` after the refusal of words.
 int show_slot_value(CliContext &cli, const SlotDisplay &display);
 
 // The handlers of such rows.

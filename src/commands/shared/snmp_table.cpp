@@ -21,8 +21,7 @@ constexpr NumberedList cells_of(const char *column) {
     return {"/sys/snmpd/%s:%d", column};
 }
 
-// -1 for none. Held as a number, since an owner's destructor
-// would have to be registered at the start of the program.
+// -1 for none. Not a UniqueFd, whose destructor would have to be registered at start-up.
 int last_deletion_connection = -1;
 
 } // namespace
@@ -47,7 +46,7 @@ constinit const SnmpTable SNMP_GROUPS = {
     .missing_phrase = "does not exist!",
 };
 
-// Several rows may bear one name; together they are the view.
+// Several rows can share a name; together they are the view.
 constinit const SnmpTable SNMP_VIEWS = {
     .capacity = 30,
     .columns = VIEW_COLUMNS,
@@ -116,7 +115,7 @@ int finish_snmp_change(const char *message) {
 }
 
 UniqueFd open_deletion_connection() {
-    // By its name: that is what the client's own message shows.
+    // Named, since the client's message shows the argument.
     UniqueFd connection = xmldb_open(xmldb_default_socket);
     if (!connection)
         cli_printf("Error connecting database...\n");
@@ -155,7 +154,7 @@ bool SnmpRow::read(std::span<const SnmpColumn> columns, int row) {
         value.limit = columns[column].limit;
         if (read_snmp_cell(value, columns[column].name, row) != 0)
             return false;
-        // Behind an empty name there is no row.
+        // An empty name ends the table.
         if (value.data[0] == '\0' && column == 0)
             return true;
     }

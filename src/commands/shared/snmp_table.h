@@ -1,5 +1,5 @@
 // The nodes and tables of the SNMP agent, and what the commands on users, groups, views, hosts and
-// communities do alike.
+// communities share.
 #pragma once
 
 #include "commands/shared/numbered_list.h"
@@ -11,7 +11,7 @@
 #include <initializer_list>
 #include <span>
 
-// Nodes beside the tables.
+// Nodes outside the tables.
 inline constexpr char SNMP_STATUS[] = "/sys/snmpd/status";
 inline constexpr char SNMP_TRAP_STATUS[] = "/sys/snmptrap/status";
 inline constexpr char SNMP_PUBLIC_COMMUNITY[] = "/sys/snmpd/rocomm";
@@ -20,9 +20,9 @@ inline constexpr char SNMP_PRIVATE_COMMUNITY[] = "/sys/snmpd/rwcomm";
 // The version of a host's traps, as its row holds it.
 enum SnmpVersion : std::int32_t { SNMP_V1 = 1, SNMP_V2C, SNMP_V3 };
 
-// A table below "/sys/snmpd": rows numbered from 1 with a node for each column. A row is in use
-// while its name is not empty. The database keeps the rows dense, so the first empty row is the
-// end of the table, and the place of the next row.
+// A table below "/sys/snmpd": rows numbered from 1 with a node for each column. The database leaves
+// no holes, so the first row with an empty name is the end of the table and the place of the next
+// row.
 struct SnmpTable {
     int capacity;
     std::span<const char *const> columns; // the name's first
@@ -40,14 +40,14 @@ extern const SnmpTable SNMP_VIEWS;
 extern const SnmpTable SNMP_HOSTS;
 extern const SnmpTable SNMP_COMMUNITIES;
 
-// Names of groups, views and communities have at most so many characters.
+// The longest name of a group, view or community, in characters.
 inline constexpr int SNMP_NAME_LIMIT = 32;
 
 // True when `text` has more than `limit` characters, 0 or more.
 bool exceeds(const char *text, int limit);
 
-// A value of a row as the commands on users, groups and views read it: one character short of the
-// longest name, so that a row with such a name can be added but never found. Deliberate.
+// A value as the commands on users, groups and views read it: one character short of the longest
+// name, so a row with such a name can be added but never found. Deliberate.
 inline constexpr std::size_t CUT_SNMP_TEXT_LIMIT = SNMP_NAME_LIMIT - 1;
 using CutSnmpText = ShortValue<CUT_SNMP_TEXT_LIMIT>;
 
@@ -59,10 +59,10 @@ int read_snmp_cell(ReadTarget value, const char *column, int row);
 ListPlace find_snmp_row(const SnmpTable &table, const char *name,
                         std::size_t limit = ValueBuffer::USUAL_LIMIT);
 
-// Says that the name is taken.
+// Reports that the name is taken.
 void report_taken_snmp_name(const SnmpTable &table, const char *name);
 
-// Finds the vacancy for a new row `name`. Says so when the name is taken or the table full.
+// Finds the vacancy for a new row `name`. Reports a name that is taken and a full table.
 ListPlace place_new_snmp_row(const SnmpTable &table, const char *name,
                              std::size_t limit = ValueBuffer::USUAL_LIMIT);
 
@@ -74,13 +74,12 @@ struct SnmpCell {
 // Writes the nodes of a row in the given order.
 void write_snmp_row(int row, std::initializer_list<SnmpCell> cells);
 
-// Closes a change: saves the configuration, marks the agent for a restart and prints the message
-// as a line. Returns CLI_DONE.
+// Finishes a change: saves the configuration, prints the message as a line and marks the agent for
+// a restart. Returns CLI_DONE.
 int finish_snmp_change(const char *message);
 
-// Deletes the row `name` on a connection of its own, whatever the database answers, and closes the
-// change. Returns CLI_DONE; or CLI_REFUSED when a name could not be read, there is no such
-// row, or no connection, after saying the latter two.
+// Deletes the row `name` on one connection, ignoring the database's answers, and finishes the
+// change. Returns as a handler does; refused when there is no such row or no connection.
 int delete_snmp_row(const SnmpTable &table, const char *name,
                     std::size_t limit = ValueBuffer::USUAL_LIMIT);
 
@@ -89,10 +88,10 @@ int delete_snmp_row(const SnmpTable &table, const char *name,
 // Connects to the database; empty after "Error connecting database...".
 UniqueFd open_deletion_connection();
 
-// Keeps the connection open until the next deletion. Deliberate.
+// Leaves the connection open until the next deletion. Deliberate.
 void keep_deletion_connection(UniqueFd connection);
 
-// Deletes the nodes of a row, each on a connection of its own.
+// Deletes the nodes of a row, each on its own connection.
 void remove_snmp_row(const SnmpTable &table, int row);
 
 // A column of a listing; at most `limit` characters of it are read.
@@ -118,8 +117,8 @@ private:
 // Does something with a row; false ends the walk.
 using SnmpRowVisit = bool(const SnmpRow &row);
 
-// Reads the columns, the name's first, of every row in use and visits it. Returns how many rows
-// there were; or -1 when one could not be read or a visit ended the walk.
+// Reads the columns, the name's first, of each row and visits it. Returns the number of rows; or -1
+// when one could not be read or a visit ended the walk.
 int for_each_snmp_row(const SnmpTable &table, std::span<const SnmpColumn> columns,
                       SnmpRowVisit *visit);
 
@@ -127,7 +126,7 @@ int for_each_snmp_row(const SnmpTable &table, std::span<const SnmpColumn> column
 // not be read.
 bool has_snmp_rows(const SnmpTable &table, const char *message);
 
-// Prints the rows with `print` and then their number plus `others`. Returns CLI_DONE; or
-// CLI_REFUSED, without the number, where for_each_snmp_row returns -1.
+// Prints the rows with `print`, then their number plus `others`. Refused, without the number, where
+// for_each_snmp_row returns -1.
 int list_snmp_rows(const SnmpTable &table, std::span<const SnmpColumn> columns, SnmpRowVisit *print,
                    int others = 0);

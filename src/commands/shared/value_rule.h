@@ -1,4 +1,4 @@
-// What a word must be to be stored, and the form in which it is.
+// Which words may be stored, and in which form.
 #pragma once
 
 #include "shell/command.h"
@@ -10,13 +10,12 @@ enum class ValueKind {
     Number, // limits are values, read as arg_uint does; stored as "%d" prints it
 };
 
-// What a word must be to be stored.
 struct ValueRule {
     ValueKind kind;
     std::uint32_t low;
     std::uint32_t high;
     const char *message;  // printed for a value outside low..high
-    bool or_zero = false; // 0 is good besides
+    bool or_zero = false; // 0 is allowed, too
 };
 
 // A number as "%d" prints it.
@@ -29,7 +28,7 @@ private:
     char digits_[12];
 };
 
-// Takes the next word. Returns it in the form that its node holds, a number in `digits`. Null when
-// there is none, when it is no number (both after arg_uint's message where a number is wanted) or
-// breaks the rule (after the rule's message).
+// Takes the next word. Returns it as it is to be stored, a number in `digits`. Null after the
+// rule's message; silently for a missing text; and after arg_uint's message for a missing or
+// malformed number.
 const char *take_value(CliContext &cli, const ValueRule &rule, DecimalText &digits);

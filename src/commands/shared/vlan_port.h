@@ -1,4 +1,4 @@
-// The ports of the bridge, and how a line names ports and VLANs.
+// The ports of the bridge, and the words for ports and VLANs.
 #pragma once
 
 #include "commands/shared/slot.h"
@@ -16,7 +16,7 @@ inline constexpr ValueRule VLAN_ID_RULE{
     .high = LAST_VLAN_ID,
     .message = "Please specify the correct VLAN ID (1~4094).\n",
 };
-// Without the full stop that it has elsewhere. Deliberate.
+// Has no full stop, unlike the rule's message. Deliberate.
 inline constexpr char WRONG_VLAN_ID[] = "Please specify the correct VLAN ID (1~4094)\n";
 inline constexpr char MISSING_VLAN_ID[] = "Wrong input parameters. Please input VLAN ID!\n";
 inline constexpr char VLAN_ID_ERROR[] = "ERROR: Unable to set VLAN ID.\n";
@@ -52,8 +52,8 @@ inline constexpr IndexedPorts MULTI_SSID_PORTS{
     .band_offset = 16,
 };
 
-// On the second band these are the ports 17 to 20, the primary SSID's and the first slots', not its
-// WDS links. Deliberate.
+// On the second band these are the ports 17 to 20, of the primary SSID and the slots, not of WDS
+// links. Deliberate.
 inline constexpr IndexedPorts WDS_PORTS{
     .set_refusal = {.wrong_count =
                         "Wrong input parameters. Please input VLAN ID and WDS index (1-4).\n",
@@ -67,8 +67,7 @@ inline constexpr IndexedPorts WDS_PORTS{
     .band_offset = 8,
 };
 
-// Takes the next word as a VLAN ID. Returns it; or 0 after the refusal, which ends with
-// VLAN_ID_ERROR.
+// Takes the next word as a VLAN ID. Returns 0 after the refusal, which ends with VLAN_ID_ERROR.
 int take_vlan_id(CliContext &cli);
 
 // Takes the two words of a line as a VLAN ID and an index. No index after the refusal.

@@ -1,4 +1,4 @@
-// Numbers of the wireless settings that several families deal with, as the nodes hold them.
+// Numbers of wireless settings that several families use, as the nodes hold them.
 #pragma once
 
 // Operating modes; WDS is the wireless distribution system.
