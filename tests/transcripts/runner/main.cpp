@@ -1,5 +1,5 @@
 // Plays transcript files on the stand-in device: each file is a test suite, each of its scenarios
-// a test. With --update, rewrites the files with what happens instead.
+// a test. With --update, what happens is written into the files instead.
 //
 // usage: transcript_test --enter PATH --root DIRECTORY --program PATH [--swapped] [--update]
 //                        [GoogleTest's options] FILE...
@@ -16,6 +16,7 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <iostream>
+#include <map>
 #include <set>
 #include <sstream>
 
@@ -57,28 +58,17 @@ std::optional<Arguments> read_arguments(const std::vector<std::string> &words) {
     return arguments;
 }
 
-session::Transcript read_transcript(const std::string &file) {
-    std::ifstream stream(file);
-    std::stringstream text;
-    text << stream.rdbuf();
-    if (!stream)
-        return {.error = "cannot be read"};
-    return session::parse_transcript(text.str());
-}
-
-bool is_note(const Scenario &scenario) {
-    return scenario.steps.empty();
-}
-
 class ScenarioTest : public testing::Test {
 public:
-    ScenarioTest(Scenario scenario, RunnerOptions options)
-        : scenario_(std::move(scenario)), options_(std::move(options)) {}
+    ScenarioTest(Scenario &scenario, const Arguments &arguments)
+        : scenario_(scenario), arguments_(arguments) {}
 
     void TestBody() override {
         StateDirectory state;
         try {
-            const Scenario happened = play_scenario(scenario_, options_, state.path());
+            const Scenario happened = play_scenario(scenario_, arguments_.options, state.path());
+            if (arguments_.update)
+                scenario_ = happened;
             const std::string diff =
                 unified_diff(render_scenario(scenario_), render_scenario(happened), state.path());
             if (!diff.empty())
@@ -93,8 +83,8 @@ public:
     }
 
 private:
-    Scenario scenario_;
-    RunnerOptions options_;
+    Scenario &scenario_;
+    const Arguments &arguments_;
 };
 
 std::string test_name(std::string title) {
@@ -103,52 +93,32 @@ std::string test_name(std::string title) {
     return title;
 }
 
-// False, with a message, when the file is no transcript or has two scenarios of one name.
-bool register_file(const std::string &file, const RunnerOptions &options) {
-    const session::Transcript transcript = read_transcript(file);
-    if (!transcript.error.empty()) {
-        std::cerr << file << ": " << transcript.error << '\n';
-        return false;
-    }
-    const std::string suite = std::filesystem::path(file).stem();
-    std::set<std::string> names;
-    for (const Scenario &scenario : transcript.scenarios) {
-        if (is_note(scenario))
-            continue;
-        const std::string name = test_name(scenario.title);
-        if (!names.insert(name).second) {
-            std::cerr << file << ": two scenarios are titled " << scenario.title << '\n';
-            return false;
-        }
-        testing::RegisterTest(suite.c_str(), name.c_str(), nullptr, nullptr, file.c_str(), 0,
-                              [scenario, options]() -> testing::Test * {
-                                  return new ScenarioTest(scenario, options);
-                              });
-    }
-    if (names.empty())
-        std::cerr << file << ": no scenario\n";
-    return !names.empty();
+session::Transcript read_transcript(const std::string &file) {
+    std::ifstream stream(file);
+    std::stringstream text;
+    text << stream.rdbuf();
+    if (!stream)
+        return {.error = "cannot be read"};
+    return session::parse_transcript(text.str());
 }
 
-bool update_file(const std::string &file, const RunnerOptions &options) {
-    session::Transcript transcript = read_transcript(file);
-    if (!transcript.error.empty()) {
-        std::cerr << file << ": " << transcript.error << '\n';
-        return false;
-    }
+// Registers a test for each scenario that is no note. Returns what is wrong with the transcript.
+std::string register_tests(const std::string &file, session::Transcript &transcript,
+                           const Arguments &arguments) {
+    const std::string suite = std::filesystem::path(file).stem();
+    std::set<std::string> names;
     for (Scenario &scenario : transcript.scenarios) {
-        if (is_note(scenario))
+        if (scenario.steps.empty())
             continue;
-        try {
-            const StateDirectory state;
-            scenario = play_scenario(scenario, options, state.path());
-        } catch (const std::exception &error) {
-            std::cerr << file << ": " << scenario.title << ": " << error.what() << '\n';
-            return false;
-        }
+        const std::string name = test_name(scenario.title);
+        if (!names.insert(name).second)
+            return "two scenarios are titled " + scenario.title;
+        testing::RegisterTest(suite.c_str(), name.c_str(), nullptr, nullptr, file.c_str(), 0,
+                              [&scenario, &arguments]() -> testing::Test * {
+                                  return new ScenarioTest(scenario, arguments);
+                              });
     }
-    std::ofstream(file) << render_transcript(transcript.scenarios);
-    return true;
+    return transcript.error.empty() && names.empty() ? "no scenario" : transcript.error;
 }
 
 } // namespace
@@ -162,12 +132,19 @@ int main(int argc, char **argv) {
                      "[--swapped] [--update] FILE...\n";
         return 2;
     }
-    bool good = true;
-    for (const std::string &file : arguments->files)
-        good = (arguments->update ? update_file(file, arguments->options)
-                                  : register_file(file, arguments->options)) &&
-               good;
-    if (arguments->update)
-        return good ? 0 : 1;
-    return good ? RUN_ALL_TESTS() : 1;
+    std::map<std::string, session::Transcript> transcripts;
+    for (const std::string &file : arguments->files) {
+        session::Transcript &transcript = transcripts[file] = read_transcript(file);
+        const std::string error = register_tests(file, transcript, *arguments);
+        if (!error.empty()) {
+            std::cerr << file << ": " << error << '\n';
+            return 1;
+        }
+    }
+    const int result = RUN_ALL_TESTS();
+    for (const auto &[file, transcript] : transcripts) {
+        if (arguments->update)
+            std::ofstream(file) << render_transcript(transcript.scenarios);
+    }
+    return result;
 }
