@@ -4,6 +4,7 @@
 // usage: stand_in_test --device DIRECTORY --root DIRECTORY --program PATH [GoogleTest's options]
 //   --device   where the scripts are that start it
 
+#include "scratch_directory.h"
 #include "session/journal_reader.h"
 #include "session/pty_process.h"
 
@@ -30,24 +31,6 @@ std::string console_program;
 
 constexpr std::chrono::seconds LIMIT{20};
 constexpr winsize WINDOW{30, 100, 0, 0};
-
-class ScratchDirectory {
-public:
-    ScratchDirectory() {
-        if (!mkdtemp(path_.data()))
-            std::abort();
-    }
-    ScratchDirectory(const ScratchDirectory &) = delete;
-    ScratchDirectory &operator=(const ScratchDirectory &) = delete;
-    ~ScratchDirectory() {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    [[nodiscard]] std::string file(const std::string &name) const { return path_ + '/' + name; }
-
-private:
-    std::string path_ = "/tmp/wap-stand-in.XXXXXX";
-};
 
 // A program on a terminal of the test's, as a developer's.
 class OnTerminal {
@@ -164,27 +147,16 @@ protected:
         return printed;
     }
     // An SSH client's command line as far as the host.
-    [[nodiscard]] std::vector<std::string> ssh() const {
-        return {"ssh",
-                "-F",
-                "none",
-                "-o",
-                "UserKnownHostsFile=" + scratch.file("known_hosts"),
-                "-o",
-                "StrictHostKeyChecking=accept-new",
-                "-o",
-                "LogLevel=ERROR",
-                "-o",
-                "ProxyCommand=" + device_scripts + "/ssh --root " + device_root + " --program " +
-                    console_program + " --state " + state,
-                "admin@ap"};
+    [[nodiscard]] std::string ssh() const {
+        return "ssh -F none -o StrictHostKeyChecking=accept-new -o LogLevel=ERROR"
+               " -o UserKnownHostsFile=" +
+               scratch.file("known_hosts") + " -o 'ProxyCommand=" + device_scripts +
+               "/ssh --root " + device_root + " --program " + console_program + " --state " +
+               state + "' admin@ap";
     }
-    // The same for a shell on the host, which finds it as "$ssh".
+    // What a script on the host prints, to which "client" is that command.
     [[nodiscard]] std::string over_ssh(const std::string &script) const {
-        std::string client = "client() { command";
-        for (const std::string &word : ssh())
-            client += " '" + word + "'";
-        return outside(client + " \"$@\"; }; " + script);
+        return outside("client() { command " + ssh() + " \"$@\"; }; " + script);
     }
 
     const std::string path_before = std::getenv("PATH");
@@ -300,7 +272,7 @@ TEST_P(StandIn, TakesSshClients) {
                        scratch.file("hosts")),
               "a\nSSID:WAP\nb\nSSID:WAP\nc\nSSID:WAP\n");
 
-    OnTerminal console(ssh());
+    OnTerminal console({"/bin/sh", "-c", "exec " + ssh()});
     console.expect("WAP-> ");
     EXPECT_EQ(over_ssh("ssids=$(seq -f 'set ssid net%g' 100); dtims=$(seq -f 'set dtim %g' 15);"
                        "client \"$ssids\" >/dev/null & client \"$dtims\" >/dev/null & wait"),

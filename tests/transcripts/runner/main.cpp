@@ -8,6 +8,7 @@
 
 #include "comparison.h"
 #include "scenario_runner.h"
+#include "scratch_directory.h"
 
 #include <algorithm>
 #include <csignal>
@@ -64,7 +65,7 @@ public:
         : scenario_(scenario), arguments_(arguments) {}
 
     void TestBody() override {
-        StateDirectory state;
+        ScratchDirectory state;
         try {
             const Scenario happened = play_scenario(scenario_, arguments_.options, state.path());
             if (arguments_.update)

@@ -7,11 +7,7 @@
 #include "session/transcript_text.h"
 
 #include <algorithm>
-#include <cerrno>
-#include <cstdlib>
-#include <filesystem>
 #include <fstream>
-#include <system_error>
 
 using session::Scenario;
 using session::Step;
@@ -110,17 +106,6 @@ std::vector<std::string> Player::end() {
 }
 
 } // namespace
-
-StateDirectory::StateDirectory() : path_("/tmp/wap.XXXXXX") {
-    if (!mkdtemp(path_.data()))
-        throw std::system_error(errno, std::generic_category(), "mkdtemp");
-}
-
-StateDirectory::~StateDirectory() {
-    std::error_code ignored;
-    if (!kept_)
-        std::filesystem::remove_all(path_, ignored);
-}
 
 Scenario play_scenario(const Scenario &scenario, const RunnerOptions &options,
                        const std::string &state_directory) {

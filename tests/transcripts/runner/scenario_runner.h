@@ -14,23 +14,6 @@ struct RunnerOptions {
     std::chrono::milliseconds limit{}; // for each step
 };
 
-// A directory under /tmp that holds a device's state (a short path: it names a socket). Removed
-// with the object, unless kept.
-class StateDirectory {
-public:
-    StateDirectory();
-    StateDirectory(const StateDirectory &) = delete;
-    StateDirectory &operator=(const StateDirectory &) = delete;
-    ~StateDirectory();
-
-    [[nodiscard]] const std::string &path() const { return path_; }
-    void keep() { kept_ = true; }
-
-private:
-    std::string path_;
-    bool kept_ = false;
-};
-
 // Result: the scenario with what really happened; its patterns stay where they match. When the
 // program ends early, the later steps have empty bodies; when it does not end well at the end of
 // the scenario, an end-of-input step tells so. Throws std::exception when the device cannot be
