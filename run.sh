@@ -4,7 +4,7 @@
 # usage: ./run.sh [--factory] [--trace] [--record FILE] [--state DIRECTORY]
 #        ./run.sh --ssh [--state DIRECTORY]
 #
-#   --factory  start from the factory settings; what was saved is forgotten
+#   --factory  start from the factory settings and forget the saved ones
 #   --trace    show after each command what it wrote and which command lines it ran
 #   --record   write the session to FILE as a transcript
 #   --state    keep the device's files in DIRECTORY instead of .wap/state
@@ -12,9 +12,9 @@
 #                  ssh -o ProxyCommand='./run.sh --ssh' admin@ap ['get ssid']
 #   --help     show this
 #
-# A device that runs in that directory is joined: this is one more session on it. Settings that were
-# saved (set apply saves them) are there again at the next start. Standard input may be a pipe;
-# standard output is the console's alone; the exit status is the console's.
+# If a device runs in that directory, this opens another session on it. Saved settings (set apply
+# saves them) are loaded at the next start. Standard input may be a pipe; standard output has only
+# what the console prints; the exit status is the console's.
 set -eu
 
 usage() {
@@ -60,8 +60,8 @@ cd -P "$(dirname "$(readlink -f "$0")")"
 build=build/release
 : "${state:=$PWD/.wap/state}"
 
-# Reads what a build prints. A terminal shows its last line, in place, as progress; when the build
-# failed, which a last line says, all of it is shown.
+# Reads what a build prints. On a terminal, the latest line is shown in place, as progress. A last
+# line "$failed" reports that the build failed; then all lines are shown.
 show_build() {
     columns=''
     [ ! -t 2 ] || columns=$(stty size <&2 2>/dev/null | cut -d ' ' -f 2)
@@ -94,7 +94,7 @@ build() {
     { tools/build release --target wap-cli device_root </dev/null || echo "$failed"; } | show_build
 }
 
-# A device that runs keeps the programs that it was started with.
+# A running device keeps the programs that it was started with.
 if ! runs; then
     build
 elif [ -n "$factory" ]; then

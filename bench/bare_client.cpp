@@ -1,5 +1,5 @@
-// The database requests of a number of gets or sets with nothing around them: what the console is
-// measured against.
+// The database requests of a number of gets or sets and nothing else, to measure the console
+// against.
 //
 // usage: bare_client get|set COUNT once|twice
 //

@@ -6,6 +6,6 @@ int main(int argc, char **) {
     std::fputs("hello\n", stdout);
     std::fflush(stdout);
     if (argc > 1)
-        pause(); // to be looked at
+        pause(); // so that its memory can be measured
     return 0;
 }

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr int SETTLING_MS = 300; // so long without output, and the program waits
+constexpr int SETTLING_MS = 300; // without output; then the program waits
 constexpr char END_OF_INPUT = 4;
 
 // Reads what is there of the program's output; returns how many bytes.
@@ -39,8 +39,8 @@ std::size_t drain(int terminal) {
     return bytes;
 }
 
-// Types a line as fast as the program takes it, and takes what it writes meanwhile: whoever only
-// wrote would wait for a program that waits to be read. Returns how many bytes it wrote.
+// Types a line as fast as the program takes it, and takes what it writes meanwhile, since it may
+// wait for that. Returns how many bytes it wrote.
 std::size_t paste(int terminal, std::string_view line) {
     std::size_t bytes = 0;
     pollfd ready{terminal, POLLIN | POLLOUT, 0};

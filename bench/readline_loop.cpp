@@ -1,4 +1,4 @@
-// A prompt with the line editor that everybody knows: what the console's is measured against.
+// A prompt with the usual line editor, to measure the console's against.
 #include <cstdio>
 #include <cstdlib>
 #include <readline/readline.h>

@@ -10,7 +10,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PROGRAM NEVER)
 set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 
-# Flash is small: the short instruction encoding, and a program at a fixed place.
+# Flash is small: short instructions, and a program at a fixed address.
 set(CMAKE_CXX_FLAGS_INIT "-fno-pie -mips16 -minterlink-mips16 -mno-shared -mplt")
 set(CMAKE_EXE_LINKER_FLAGS_INIT "-no-pie -Wl,-z,max-page-size=4096")
 set(WAP_PIE OFF CACHE BOOL "")

@@ -1,5 +1,5 @@
-# Finds what the stand-in device is built from: WAP_WITH_DEVICE says whether all of it is there.
-# WAP_DEVICE=AUTO leaves the device out otherwise, and WAP_DEVICE=ON fails.
+# Finds what the stand-in device is built from, and sets WAP_WITH_DEVICE when all of it is there.
+# Otherwise WAP_DEVICE=AUTO leaves the device out, and WAP_DEVICE=ON fails.
 set(WAP_WITH_DEVICE OFF)
 if(NOT WAP_DEVICE)
     return()

@@ -23,12 +23,12 @@ constexpr char USAGE[] =
     "  -D FILE        dump the whole tree into FILE as text\n"
     "  -C FILE        dump the settings, without the run-time values, into FILE as text\n"
     "  -m FILE        write the nodes that the lines \"PATH = TEXT\" of FILE list, one by one\n"
-    "  -l FILE        load FILE in place of what it speaks of: settings, run-time values or both\n"
+    "  -l FILE        replace the settings, the run-time values or both by those in FILE\n"
     "  -w FILE        write the settings to FILE as XML\n"
     "  -q             leave the command out of the journal\n"
-    "  -i             the node is a run-time one (all nodes are found without it)\n"
+    "  -i             the node is a run-time one (not needed: all nodes are found without it)\n"
     "The FILE of -D, -C and -m may be \"-\", for standard output or input.\n"
-    "XMLDB_SOCKET in the environment names another socket than the usual one.\n";
+    "The environment variable XMLDB_SOCKET names another socket.\n";
 
 constexpr std::size_t MAX_TEXT = 0xffff; // with its NUL: the header's length has 16 bits
 
@@ -65,7 +65,7 @@ std::string request(std::uint16_t action, std::uint32_t flags, std::string text)
     std::string bytes(reinterpret_cast<const char *>(&header), sizeof header);
     bytes += text;
     std::string reply;
-    // A blocking socket takes all of it.
+    // A blocking socket sends all of it.
     if (send(daemon.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL) > 0 &&
         shutdown(daemon.get(), SHUT_WR) == 0) {
         char buffer[4096];

@@ -10,7 +10,7 @@
 //             there is one, its standard error a pipe to this process.
 //
 // In DIRECTORY, "lock" is locked while the device runs, and "sessions" is its socket. The device
-// ends with the last of its sessions; who has had that one waits for it.
+// ends with the last of its sessions, and the attach that had that one waits for its end.
 
 #include "session/process.h"
 #include "session/session_socket.h"
@@ -163,7 +163,7 @@ std::array<UniqueFd, 2> new_pipe() {
     return {UniqueFd(ends[0]), UniqueFd(ends[1])};
 }
 
-// The launcher's part. What is wanted goes above all the places first.
+// In the launcher. The descriptors move out of the way first, so that none replaces another.
 [[noreturn]] void launch(const Options &options, const UniqueFd &directory, int listener, int ready,
                          int lock, int complaints) {
     constexpr int ABOVE = 16;
@@ -188,7 +188,7 @@ std::array<UniqueFd, 2> new_pipe() {
 void pass_on_complaints(Device &device) {
     std::array<char, 4096> bytes; // NOLINT(*-member-init): read fills it
     const ssize_t count = read(device.complaints.get(), bytes.data(), bytes.size());
-    if (count > 0) // who does not listen misses them
+    if (count > 0) // nobody may be reading them
         [[maybe_unused]]
         const ssize_t written = write(STDERR_FILENO, bytes.data(), static_cast<std::size_t>(count));
     else if (count == 0 || errno != EINTR)
@@ -225,26 +225,26 @@ Device start_device(const Options &options, const UniqueFd &lock, const UniqueFd
 
 // ---- the session
 
-// Lets go of the terminal, so that the program's session can have it, if this process leads the
-// session that it controls.
+// Gives up the controlling terminal, so that the program's session can have it, if this process
+// leads a session.
 void release_terminal() {
     if (getsid(0) != getpid())
         return;
-    const auto before = std::signal(SIGHUP, SIG_IGN); // that is what the leader gets
+    const auto before = std::signal(SIGHUP, SIG_IGN); // giving it up sends one
     const UniqueFd terminal(open("/dev/tty", O_RDWR | O_NOCTTY | O_CLOEXEC));
     if (terminal)
         ioctl(terminal.get(), TIOCNOTTY);
     std::signal(SIGHUP, before);
 }
 
-// What a user or a supervisor ends a program with.
+// The signals by which users and supervisors end a program.
 UniqueFd watch_signals() {
     const sigset_t signals = session::not_ignored({SIGINT, SIGQUIT, SIGHUP, SIGTERM});
     sigprocmask(SIG_BLOCK, &signals, nullptr);
     return UniqueFd(signalfd(-1, &signals, SFD_CLOEXEC));
 }
 
-// SIGINT and SIGQUIT are the program's; the others end the session.
+// Passes a signal on. Result: the status to end with, unless what follows is up to the program.
 std::optional<int> take_signal(const UniqueFd &signals, const UniqueFd &connection) {
     signalfd_siginfo info{};
     if (read(signals.get(), &info, sizeof info) != sizeof info)
@@ -258,7 +258,7 @@ std::optional<int> take_signal(const UniqueFd &signals, const UniqueFd &connecti
 
 enum class Outcome { ENDED, NOT_TAKEN };
 
-// Runs the program and leaves its status. NOT_TAKEN when the device went down before it began.
+// Runs the program and stores its status. NOT_TAKEN when the device went down before it began.
 Outcome run_session(Device &device, const SessionRequest &request, int &status) {
     release_terminal();
     const UniqueFd signals = watch_signals();
@@ -305,7 +305,7 @@ Outcome run_session(Device &device, const SessionRequest &request, int &status) 
     }
 }
 
-// Whether the device has other users, once this one says that it goes.
+// Reports that this user leaves. Result: whether the device has others.
 bool stays_without(const UniqueFd &connection) {
     shutdown(connection.get(), SHUT_WR);
     SessionReply reply;

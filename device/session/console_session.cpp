@@ -14,7 +14,7 @@ constexpr char ABANDON_LINE = '\x03';
 constexpr char END_OF_INPUT = '\x04';
 constexpr char IGNORED_KEY = '\0'; // a control character without a meaning to the line editor
 
-// How often conditions are looked at that no output announces.
+// How often conditions are checked that no output announces.
 constexpr int LOOK_INTERVAL_MS = 1;
 
 } // namespace
@@ -38,8 +38,8 @@ std::string ConsoleSession::run_line(std::string_view line, std::string_view chi
     return take_printed(true);
 }
 
-// A line end switches the terminal back for the command, and input that comes then is no longer
-// the editor's: so each line end goes out alone, once the keys before it are done with.
+// A line end switches the terminal back for the command, and input that comes then is not the
+// editor's. So each line end is sent alone, once the keys before it have been handled.
 std::string ConsoleSession::press(std::string_view keys) {
     std::string printed;
     while (!keys.empty() && !ended_) {

@@ -1,5 +1,5 @@
-// A console driven step by step: send a line or keys, take what was printed, know that the
-// program waits for the next key. Waits end with what they wait for; there are no fixed delays.
+// A console driven step by step: each step sends a line or keys, waits until the program reads the
+// next key, and returns what was printed. There are no fixed delays.
 #pragma once
 
 #include "session/pty_process.h"
@@ -14,7 +14,7 @@ namespace session {
 
 inline constexpr std::string_view PROMPT = "WAP-> ";
 
-// The program neither came back to its prompt nor ended within the time limit. The message tells
+// The program neither came back to its prompt nor ended within the time limit. The message says
 // what was waited for and what had been printed.
 class SessionTimeout : public std::runtime_error {
 public:

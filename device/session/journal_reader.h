@@ -10,8 +10,8 @@
 
 namespace session {
 
-// Programs of the device may put anything in the journal's place: only a regular file is read, no
-// link is followed, nothing is waited for.
+// Programs of the device may put anything in the journal's place: only a regular file is read,
+// without following a link or waiting.
 class JournalReader {
 public:
     // What the file at `path` holds at this moment is not reported.
@@ -30,8 +30,8 @@ private:
     off_t offset_ = 0;
 };
 
-// Whether a line tells what the console did to the device ("wrote ...", "deleted ...", "ran ..."),
-// and not what a tool of the device had to say about it ("did ...").
+// Whether a line says what the console did to the device ("wrote ...", "deleted ...", "ran ..."),
+// not what a tool of the device did then ("did ...").
 bool is_console_action(std::string_view journal_line);
 
 } // namespace session

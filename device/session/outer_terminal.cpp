@@ -130,7 +130,8 @@ int run_guarded(const OuterTerminal &terminal, const std::function<int()> &work)
 }
 
 int pass_through(const OuterTerminal &terminal, const std::vector<std::string> &command) {
-    // Who else writes to the terminal, as at the end of a pipe, relies on how it treats output.
+    // Other programs that write to the terminal, as at the end of a pipe, rely on how it treats
+    // output.
     const bool only_writer = terminal.streams() == std::array{true, true, true};
     termios inner = terminal.settings();
     if (!only_writer)

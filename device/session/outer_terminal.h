@@ -1,4 +1,4 @@
-// The terminal that this process was started on, whose program runs on another one.
+// The terminal that this process was started on, connected to another one with a program on it.
 #pragma once
 
 #include "session/pty_process.h"
@@ -26,14 +26,14 @@ public:
     // Its size at this moment; the standard size where it has none.
     [[nodiscard]] winsize window() const;
 
-    // Where it is written to.
+    // The descriptor to write to.
     [[nodiscard]] int output_fd() const;
 
-    // Lets every key through, if it is what is typed on. `output_too`: shows every byte as it is;
-    // otherwise it goes on to treat output as it did.
+    // Switches to raw input, if standard input is this terminal; with `output_too` to raw output as
+    // well.
     void make_transparent(bool output_too) const;
 
-    // As it was found, also when this process runs in the background.
+    // Restores its settings, also when this process runs in the background.
     void restore() const;
 
 private:
@@ -42,7 +42,7 @@ private:
     std::optional<termios> settings_{};
 };
 
-// From here on, a change of the terminal's size ends what waits (EINTR).
+// From here on, a change of the terminal's size interrupts system calls that wait (EINTR).
 void notice_resizing();
 
 // Runs `work` in a child process, and restores the terminal however that ends. A signal that would
@@ -50,8 +50,8 @@ void notice_resizing();
 // (128 + the signal, if it was ended by one).
 int run_guarded(const OuterTerminal &terminal, const std::function<int()> &work);
 
-// Runs `command` on a terminal of its own, connected to the outer one: each of the standard streams
-// that leads to this one leads to that one there. Result: its exit status. Throws
+// Runs `command` on a terminal of its own, connected to the outer one: the standard streams that
+// lead to the outer one lead to its own there. Result: its exit status. Throws
 // std::system_error.
 int pass_through(const OuterTerminal &terminal, const std::vector<std::string> &command);
 

@@ -21,7 +21,7 @@ int check(int result, const std::string &what);
 // The exit status that a shell makes of a status from waitpid: 128 + the signal, if one killed it.
 int exit_status(int wait_status);
 
-// Those of the signals that are not ignored, as a shell's background and nohup have them.
+// Those of the signals that are not ignored: a shell ignores some for its background, nohup one.
 sigset_t not_ignored(std::initializer_list<int> numbers);
 
 } // namespace session

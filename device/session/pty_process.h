@@ -29,8 +29,8 @@ public:
     // whose controlling terminal is the new pseudo-terminal.
     PtyProcess(const std::vector<std::string> &command, ConsoleInput input,
                const winsize &window = STANDARD_WINDOW);
-    // The same on a terminal with these settings, to which those of the standard streams lead that
-    // `on_terminal` names; the program has the others from this process.
+    // The same on a terminal with these settings. The standard streams that `on_terminal` names
+    // lead to it; the program has the others from this process.
     PtyProcess(const std::vector<std::string> &command, const std::array<bool, 3> &on_terminal,
                const termios &settings, const winsize &window);
     PtyProcess(const PtyProcess &) = delete;
@@ -42,8 +42,8 @@ public:
     // until read_output has seen the end. Non-blocking.
     [[nodiscard]] int output_fd() const { return terminal_.get(); }
 
-    // Appends what the program has printed and not been asked for yet to `output`, without
-    // waiting. False once the program's side of the terminal is closed and all has been read.
+    // Appends what the program has printed since the last call to `output`, without waiting. False
+    // once the program's side of the terminal is closed and all has been read.
     bool read_output(std::string &output);
 
     // Feeds `bytes` to the program's standard input, and appends what it prints meanwhile to
@@ -54,7 +54,7 @@ public:
     // many.
     std::size_t offer_input(std::string_view bytes);
 
-    // Tells the program, if that is new, how large its terminal is.
+    // Sets the size of the program's terminal, if it has changed.
     void set_window(const winsize &window);
 
     // Readable once the program has ended.
@@ -64,7 +64,7 @@ public:
     void close_input();
 
     // Whether the terminal is switched to single characters, as the line editor has it while it
-    // reads; never so while a command runs.
+    // reads, never while a command runs.
     [[nodiscard]] bool reads_single_characters() const;
 
     // Whether the program has read every byte that was fed to it. Terminal input only.

@@ -14,7 +14,7 @@ namespace session {
 
 namespace {
 
-// A command that has printed nothing for so long is taken to wait for input.
+// A command that prints nothing for so long is assumed to wait for input.
 constexpr int SILENCE_MS = 1000;
 
 // A program that has closed its terminal ends at once, or never.
@@ -115,8 +115,8 @@ void Relay::show_up_to(std::size_t end) {
     shown_ = std::max(shown_, end);
 }
 
-// Input for a running command reaches it at once, unless it was pasted in one piece with the
-// command line, or comes from a pipe: then it may as well be the next command line.
+// Input reaches a running command at once, unless it was pasted together with the command line or
+// comes from a pipe: then it may be the next command line.
 void Relay::take_input() {
     std::array<char, 4096> bytes; // NOLINT(*-member-init): read fills it
     const ssize_t count = read(STDIN_FILENO, bytes.data(), bytes.size());
@@ -163,7 +163,7 @@ std::string Relay::take_held(std::size_t length) {
     return bytes;
 }
 
-// The end of input is passed on once the last command is done, or when it waits for input in vain.
+// The end of input is passed on once the last command is done, or waits for input.
 void Relay::send(const std::string &bytes) {
     process_.write_input(bytes, printed_);
     const bool all_sent = input_ended_ && held_.empty();

@@ -22,8 +22,8 @@ struct RelayOptions {
 
 class Relay {
 public:
-    // Starts the command, whose terminal has the size of `terminal`, which has to live on. Throws
-    // std::system_error.
+    // Starts the command, whose terminal has the size of `terminal`, which outlives the relay.
+    // Throws std::system_error.
     Relay(const RelayOptions &options, const OuterTerminal &terminal);
 
     // Relays until the program ends. Result: its exit status.
@@ -58,7 +58,7 @@ private:
     bool started_ = false;  // the first prompt has come
     bool busy_ = true;      // a prompt is still to come for what was sent
     bool input_ended_ = false;
-    bool input_closed_ = false; // and the program has been told
+    bool input_closed_ = false; // and so is the program's
     std::optional<int> exit_status_;
 };
 

@@ -10,7 +10,7 @@ namespace session {
 namespace {
 
 constexpr std::size_t STREAMS = std::tuple_size_v<StandardStreams>;
-constexpr int MOST_BYTES = 1 << 20; // more than a socket passes on in one piece
+constexpr int MOST_BYTES = 1 << 20; // more than a socket takes in one piece
 
 // A message of this text, with room for the descriptors that travel with it.
 struct Message {

@@ -14,7 +14,7 @@ namespace {
 
 class Parser {
 public:
-    // Takes the next line of the file; throws std::runtime_error when it cannot stand there.
+    // Takes the next line of the file; throws std::runtime_error where it is not allowed.
     void take(std::string_view line);
     // Ends the file; throws as take does.
     std::vector<Scenario> finish();

@@ -37,10 +37,10 @@ enum class LineKind {
 
 LineKind line_kind(std::string_view line);
 
-// What stands behind the word that makes `line` one of its kind.
+// What follows the word that gives `line` its kind.
 std::string_view line_argument(std::string_view line);
 
-// A line of a kind that a word makes, with what stands behind the word.
+// A line of a kind that has such a word, and what follows it.
 std::string keyword_line(LineKind kind, std::string_view argument);
 
 // What a program printed, as transcript lines: a last line without newline ends in "\c", a line
@@ -53,8 +53,8 @@ std::string journal_line(std::string_view line);
 // The transcript line for the program's end.
 std::string exit_line(int status);
 
-// An output or journal line as the functions above write it, from one that a person may have
-// written differently. Nothing when it holds an unknown escape.
+// An output or journal line as the functions above write it, from one that was written by hand.
+// Nothing when it holds an unknown escape.
 std::optional<std::string> normal_line(std::string_view line);
 
 } // namespace session

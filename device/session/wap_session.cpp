@@ -5,8 +5,8 @@
 //
 // --trace, for a console, prints each new line of the journal before the next prompt, indented by
 // two blanks. --record writes the session as a transcript. Both need the journal. Standard streams
-// that lead to no terminal are the program's own; without any that does, and without these options,
-// COMMAND takes this process's place. The exit status is the command's.
+// that are not terminals are passed on as they are; where none is one, and without these options,
+// COMMAND replaces this process. The exit status is the command's.
 
 #include "session/outer_terminal.h"
 #include "session/relay.h"
@@ -59,7 +59,7 @@ int trace(const Options &options, const session::OuterTerminal &terminal) {
     std::signal(SIGPIPE, SIG_IGN); // a program that ends early closes its input
     session::notice_resizing();
     session::Relay relay(options.relay, terminal);
-    terminal.make_transparent(false); // the console's terminal treats no output
+    terminal.make_transparent(false); // the console's own terminal processes none
     const int status = relay.run();
     record << relay.transcript();
     return status;

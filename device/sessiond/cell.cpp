@@ -1,8 +1,8 @@
 // Runs a program in a directory as its root, as another user and without any capability, and ends
-// once it and all that it started have ended: the device's walls where there are no namespaces.
+// once it and all that it started have ended: what isolates a device without namespaces.
 //
 // usage: cell DIRECTORY USER PROGRAM [ARGUMENT...]
-//   USER   a number, for user and group; one that owns nothing outside
+//   USER   a number, for user and group; one that owns nothing else
 //
 // Needs root, with the capabilities to change root, user and group. The exit status is the
 // program's (128 + the signal, if it was killed).

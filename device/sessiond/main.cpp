@@ -3,7 +3,7 @@
 //
 // usage: sessiond LISTENER READY ERRORS
 //   descriptors: the socket to serve (see session/session_socket.h), a pipe that gets a byte when
-//   the device is up, and what the device's own complaints go to
+//   the device is up, and where the device's own messages go
 // The exit status is 0, or the boot's when that failed.
 
 #include "process_tree.h"
@@ -22,7 +22,7 @@ namespace {
 constexpr int USAGE_STATUS = 2;
 constexpr int MOST_INHERITED = 256;
 
-// Nothing that a program of the device is started with comes from outside, but its streams.
+// The device's programs inherit nothing from outside but their streams.
 void keep_to_itself() {
     for (int fd = STDERR_FILENO + 1; fd < MOST_INHERITED; ++fd)
         fcntl(fd, F_SETFD, FD_CLOEXEC);
@@ -46,7 +46,7 @@ int main(int argc, char **argv) {
     prctl(PR_SET_PDEATHSIG, SIGTERM);
     server.boot("/sbin/boot", UniqueFd(std::atoi(argv[2])));
     const int status = server.run();
-    if (getppid() != parent) // which else sees to what this leaves behind
+    if (getppid() != parent) // gone, so it cleans up nothing
         kill_descendants();
     return status;
 }

@@ -28,7 +28,7 @@ std::vector<pid_t> children() {
             found.push_back(pid);
         std::fclose(list);
     }
-    // Without /proc, nothing names them: it takes asking for each number.
+    // Without /proc, each number has to be tried.
     for (pid_t pid = 1; found.empty() && pid <= HIGHEST_PID; ++pid) {
         if (is_child(pid))
             found.push_back(pid);
@@ -42,7 +42,7 @@ void adopt_orphans() {
     prctl(PR_SET_CHILD_SUBREAPER, 1);
 }
 
-// What a child had started meanwhile is there in the next round.
+// What a child started meanwhile is found in the next round.
 void kill_descendants() {
     while (has_children()) {
         const std::vector<pid_t> found = children();

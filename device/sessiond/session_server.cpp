@@ -82,7 +82,7 @@ int SessionServer::run() {
         if (boot_failure_ || !someone_is_connected())
             return boot_failure_.value_or(0);
         watched = {{signals_.get(), POLLIN, 0}, {listener_, POLLIN, 0}};
-        // While the device comes up, requests wait; that a client leaves shows all the same.
+        // Requests wait until the device is up; clients that leave are noticed before.
         const short wanted = booting_ > 0 ? 0 : POLLIN;
         for (const Session &each : sessions_)
             watched.push_back({each.connection.get(), wanted, 0});

@@ -1,4 +1,4 @@
-// The sessions of a running device: the programs that others outside start in it.
+// The sessions of a running device: the programs that are started in it from outside.
 #pragma once
 
 #include "session/session_socket.h"

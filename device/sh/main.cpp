@@ -1,6 +1,6 @@
 // /bin/sh of the stand-in device: enters the command line of every `sh -c` into the journal, then
-// becomes a real shell, which knows the process that asked for it as CONSOLE_PID. The stand-in's
-// own scripts run in busybox directly and stay out of it.
+// becomes a real shell, with the process that started it in CONSOLE_PID. The stand-in's own scripts
+// run in busybox directly and are not journaled.
 
 #include "xmldb/journal_writer.h"
 
@@ -11,8 +11,8 @@
 #include <unistd.h>
 
 int main(int argc, char **argv) {
-    // For scripts and people. It prefers its own applets to what PATH finds, and so would never
-    // run the device's ping or tftp: command lines get a shell that does.
+    // For scripts and people. It prefers its own applets to PATH and so would never run the
+    // device's ping or tftp, which command lines need.
     const char *shell = "/bin/busybox";
     if (argc > 2 && std::strcmp(argv[1], "-c") == 0) {
         // The C library's system() puts "--" before the command in its newer versions.

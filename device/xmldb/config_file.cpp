@@ -59,8 +59,8 @@ std::string unescaped(std::string_view text) {
     return result;
 }
 
-// Takes a node of a document, unless no request could write it: there a path ends at a blank, and
-// the text at a NUL.
+// Adds a node of a document. False for one that no request could write: there, a path ends at a
+// blank and the text at a NUL.
 bool take_node(NodeTree &tree, const std::string &path, const std::string &text) {
     return path.find_first_of(std::string_view(" \0", 2)) == std::string::npos &&
            text.find('\0') == std::string::npos && tree.set(path, text);
@@ -116,7 +116,7 @@ pugi::xml_node append_segment(pugi::xml_node parent, const std::string &segment)
     return element;
 }
 
-// The element of the path below `element`, made as far as it is not there yet.
+// The element of the path below `element`, which is made where it is missing.
 pugi::xml_node element_at(pugi::xml_node element, std::string_view path) {
     while (!path.empty()) {
         const std::size_t end = std::min(path.find('/'), path.size());
@@ -153,12 +153,12 @@ bool parse_xml(std::string_view document, NodeTree &tree) {
 
 // ---- files
 
-// A rename lasts through a loss of power once the directory is on the disk.
+// A rename survives a loss of power once the directory is on the disk.
 bool sync_directory_of(const std::string &file) {
     const std::string directory = std::filesystem::path(file).parent_path();
     const UniqueFd fd(
         open(directory.empty() ? "." : directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    // Not every file system can.
+    // EINVAL: not on this file system.
     return fd && (fsync(fd.get()) == 0 || errno == EINVAL);
 }
 
@@ -199,7 +199,7 @@ std::optional<NodeTree> parse_tree(std::string_view document) {
 }
 
 std::optional<NodeTree> load_tree_file(const std::string &file) {
-    // Without O_NONBLOCK the open of a named pipe would hold up the daemon.
+    // Without O_NONBLOCK, opening a named pipe would block the daemon.
     const UniqueFd fd(open(file.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC));
     struct stat status {};
     if (!fd || fstat(fd.get(), &status) != 0 || !S_ISREG(status.st_mode))
@@ -212,7 +212,7 @@ std::optional<NodeTree> load_tree_file(const std::string &file) {
 
 bool replace_file(const std::string &file, std::string_view text) {
     const std::string fresh = file + ".new";
-    unlink(fresh.c_str()); // what a save that was cut short has left
+    unlink(fresh.c_str()); // left by an interrupted save
     const UniqueFd fd(open(fresh.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, FILE_MODE));
     if (!fd)
         return false;

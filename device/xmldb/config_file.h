@@ -3,10 +3,10 @@
 // XML, for the factory settings and the settings saved to flash: an element for each segment, its
 // text in the attribute "value", the instance of a list in "id". /wlan/inf:1/ssid is
 //     <config><wlan><inf id="1"><ssid value="..."/></inf></wlan></config>
-// A segment that makes no XML name stands as <node name="SEGMENT">.
+// A segment that is no XML name is written <node name="SEGMENT">.
 //
 // Text, for dumps and configuration images: a line "/PATH = TEXT" for each node; "\\", "\n" and
-// "\r" stand for these bytes. Lines that are empty or begin with '#' do not count.
+// "\r" stand for these bytes. Lines that are empty or begin with '#' are ignored.
 //
 // Nodes with an empty text read as if they were absent, so neither form lists them; and both list
 // in the order of the paths, so that equal trees give equal files.
@@ -33,6 +33,6 @@ std::optional<NodeTree> parse_tree(std::string_view document);
 // Reads and parses a regular file; nothing when it cannot be read or parsed.
 std::optional<NodeTree> load_tree_file(const std::string &file);
 
-// Writes the text to `file` by way of a new file beside it, so that the old one is never lost
-// half-way. False, with errno set, when that failed.
+// Writes the text to `file` by way of a new file beside it, so that a failure leaves the
+// old one. False, with errno set, when that failed.
 bool replace_file(const std::string &file, std::string_view text);

@@ -10,8 +10,8 @@ inline constexpr char JOURNAL_FILE[] = "/var/journal";
 
 class JournalWriter {
 public:
-    // Appends to `file`, making it when there is none; others may append to it, too, and empty it.
-    // A journal that cannot be opened or written complains on standard error and holds up nobody.
+    // Appends to `file`, creating it if needed; others may append to it and empty it as well. That
+    // it cannot be opened or written is only reported on standard error.
     explicit JournalWriter(const char *file);
 
     // Appends the entry "WHAT TEXT\n" in a single write. Control characters of the text are escaped

@@ -17,8 +17,8 @@ namespace {
 
 constexpr char USAGE[] =
     "usage: xmldb [--socket PATH] [--journal FILE] [--foreground] [FILE...]\n"
-    "Serves the nodes of the FILEs, a later one in place of what an earlier one speaks of, and\n"
-    "goes to the background once clients can connect.\n";
+    "Serves the settings and run-time values of the FILEs, later ones in place of earlier ones.\n"
+    "Goes to the background once clients can connect.\n";
 
 struct Options {
     std::string socket = XMLDB_SOCKET;
@@ -65,8 +65,8 @@ bool load_files(char **files, NodeTree &tree) {
     return true;
 }
 
-// Ends the parent process, whose end tells the caller that the daemon is ready. The daemon keeps
-// standard error, for its complaints.
+// Ends the parent process, whose end shows that the daemon is ready. The daemon keeps standard
+// error for its messages.
 bool go_to_background() {
     const pid_t pid = fork();
     if (pid > 0)
@@ -89,7 +89,7 @@ int main(int argc, char **argv) {
     NodeTree tree;
     if (!load_files(argv + optind, tree))
         return 1;
-    std::signal(SIGPIPE, SIG_IGN); // who hears complaints may have gone
+    std::signal(SIGPIPE, SIG_IGN); // standard error may be closed
     const JournalWriter journal(options.journal.c_str());
     RequestHandler handler(tree, journal);
     Server server(handler);

@@ -1,9 +1,9 @@
 // The configuration: text nodes addressed by paths such as "/wlan/inf:1/ssid".
 //
-// A path is a list of segments between slashes; leading, trailing and doubled slashes do not
-// count, so "/a/b", "a/b" and "/a//b/" name one node. A list instance is a segment of its own,
+// A path is a list of segments between slashes; leading, trailing and doubled slashes are
+// ignored, so "/a/b", "a/b" and "/a//b/" name one node. A list instance is a segment of its own,
 // "index:2", and differs from "index:02". Paths below "/wireless/" are an older name of those below
-// "/wlan/inf:1/". Nodes exist by being written; a node may hold a text and have nodes below it.
+// "/wlan/inf:1/". Writing a node creates it; a node may hold a text and have nodes below it.
 #pragma once
 
 #include <map>
@@ -25,13 +25,13 @@ public:
     // a segment or deeper than MAX_DEPTH.
     bool set(std::string_view path, std::string_view value);
 
-    // Removes a node and everything below it; that there is none is no failure. In the tables
+    // Removes a node and everything below it, if there is one. In the tables
     // below /sys/snmpd the later instances of the same column move down by one; elsewhere a hole
     // stays. False for a path without a segment.
     bool remove(std::string_view path);
 
-    // Takes over what `other` speaks of: all settings when it holds settings, all run-time values
-    // when it holds run-time values. What it is silent about stays.
+    // Takes over all settings if `other` holds settings, and all run-time values if it holds
+    // run-time values.
     void replace_by(NodeTree &&other);
 
     [[nodiscard]] const Nodes &nodes() const { return nodes_; }

@@ -54,7 +54,7 @@ std::string RequestHandler::answer(std::string_view request) {
         return status_reply(set(text, journaled));
     case XMLDB_DEL:
         return status_reply(remove(text, journaled));
-    case 6: // the text actions that this daemon has no use for
+    case 6: // text actions that this daemon does not implement
     case 7:
     case 10:
         return text_reply("");
@@ -90,7 +90,7 @@ std::string RequestHandler::get(std::string_view path) const {
 }
 
 bool RequestHandler::set(std::string_view text, bool journaled) {
-    // A text without a blank was cut inside its path: it names no node that anybody meant.
+    // A text without a blank was cut off within its path.
     const std::size_t blank = text.find(' ');
     if (blank == std::string_view::npos)
         return false;

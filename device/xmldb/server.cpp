@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t READ_SIZE = 4096;
 
-// More of them wait until one has left: descriptors are few.
+// Further clients wait until one leaves.
 constexpr std::size_t MOST_CLIENTS = 1000;
 
 bool is_temporary(int error) {
@@ -51,7 +51,7 @@ bool Server::run() {
         const bool has_room = connections_.size() < MOST_CLIENTS;
         watched.assign(1, {has_room ? listener_.get() : -1, POLLIN, 0});
         for (const Connection &each : connections_) {
-            // A client that leaves its replies unread is not listened to either.
+            // Nothing is read from a client that does not read its replies.
             const auto events = static_cast<short>(each.unsent.empty() ? POLLIN : POLLOUT);
             watched.push_back({each.fd.get(), events, 0});
         }

@@ -1,5 +1,5 @@
-// Serves a RequestHandler on a Unix-domain socket: many clients at a time, none of which can hold
-// up the others, whatever it sends or leaves unread.
+// Serves a RequestHandler on a Unix-domain socket to many clients at a time. None can hold up the
+// others, whatever it sends or leaves unread.
 #pragma once
 
 #include "config/unique_fd.h"

@@ -1,5 +1,5 @@
-// What the reference says about each command: from the tables, from the table of words, and from
-// trying it on a device that has just started.
+// What the reference says about each command: from the command tables, from the table of words, and
+// from trying it on a device that has just started.
 #pragma once
 
 #include "trial_device.h"
@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-// A typed line and what came of it.
+// A typed line and what it did.
 struct Session {
     std::string line;
     Answer answer;

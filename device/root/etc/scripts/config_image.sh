@@ -1,15 +1,14 @@
 # The configuration image: a header of 100 bytes, the settings as text, compressed. The header is
 # the firmware's signature, a separator byte, and a line about this save, so images of the same
-# settings differ in their headers only. Zeros fill the last block of flash. The console handles
-# images of at most 10240 bytes, hence the strong compression: a device with every table full of
-# rules stays below.
+# settings differ in their headers only. Zeros fill the last block of flash. The console handles at
+# most 10240 bytes, hence the strong compression: it is enough for full tables.
 
 IMAGE_HEADER=100
 IMAGE_BLOCK=1024
 
 image_signature() { node /runtime/layout/image_sign; }
 
-# write_image FILE: none at all when the settings cannot be had.
+# write_image FILE: fails, with an empty FILE, when the settings cannot be read.
 write_image() {
     signature=$(image_signature)
     saves=$(cat /var/run/saves 2>/dev/null)
@@ -28,9 +27,8 @@ write_image() {
     head -c $((fill % IMAGE_BLOCK)) /dev/zero >>"$1"
 }
 
-# load_image FILE: also of an image whose signature and separator are gone, and with zeros behind
-# its end, as the console writes it back: without read permission for its owner, which root would
-# not need on a device, but does here, where it has no capabilities.
+# load_image FILE: the image may lack signature and separator and end in zeros, as the console
+# writes it back. It may lack read permission as well, which root needs here, without capabilities.
 load_image() {
     chmod u+r "$1" || return
     signature=$(image_signature)

@@ -1,5 +1,5 @@
-# What the device's scripts share. They leave their own reads and writes out of the journal, and
-# say there in words what a real device would have done.
+# Shared by the device's scripts. They keep their own writes out of the journal, and enter there in
+# words what a real device would have done.
 
 did() { echo "did $*" >>/var/journal; }
 
@@ -9,5 +9,5 @@ set_node() { rgdb -q -s "$1" "$2"; }
 
 del_node() { rgdb -q -d "$1"; }
 
-# Writes the nodes that standard input lists, a line "/PATH = TEXT" each.
+# Writes the nodes on standard input, a line "/PATH = TEXT" each.
 set_nodes() { rgdb -q -m -; }

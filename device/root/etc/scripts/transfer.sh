@@ -1,6 +1,6 @@
-# Transfers of the TFTP and FTP tools. The directory /server plays every server's files.
+# Transfers of the TFTP and FTP tools. The directory /server holds the files of every server.
 
-# fail TEXT...: says why in the tool's name and ends it.
+# fail TEXT...: prints an error in the tool's name and ends it.
 fail() {
     echo "${0##*/}: $*"
     exit 1
@@ -32,7 +32,7 @@ put_config() {
     echo "${0##*/}: configuration sent as $1"
 }
 
-# The image is not flashed, but the device is as after it was: a reboot runs the update's script.
+# The image is not flashed, but a reboot runs the update's script as if it had been.
 get_firmware() {
     fetch "$1" /var/firmware.bin
     size=$(wc -c </var/firmware.bin)

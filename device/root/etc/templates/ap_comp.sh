@@ -1,6 +1,5 @@
 #!/bin/busybox sh
-# Compares the scan with the access points that the administrator has classified: each result gets
-# the type of its classification.
+# Gives each access point that the scan found the type under which the administrator classified it.
 . /etc/scripts/lib.sh
 
 type_of() {

@@ -1,6 +1,6 @@
 #!/bin/busybox sh
-# Scans for neighbouring access points: ap_scan.sh [g|a]. The neighbourhood stands in
-# /etc/neighbours; from one scan to the next signals change a little.
+# Scans for neighbouring access points: ap_scan.sh [g|a]. They are listed in /etc/neighbours;
+# signals change a little from scan to scan.
 . /etc/scripts/lib.sh
 
 scans=$(node /runtime/wlan/inf:1/rogue_ap/scans)

@@ -1,5 +1,5 @@
 #!/bin/busybox sh
-# Brings the counters of the ethernet port up to date: traffic went on since the last look.
+# Updates the counters of the ethernet port, with some traffic since the last time.
 . /etc/scripts/lib.sh
 
 grow() {

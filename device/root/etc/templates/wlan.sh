@@ -1,5 +1,5 @@
 #!/bin/busybox sh
-# Restarts the radio: what is configured becomes what is in use, for the country it is in now.
+# Restarts the radio: the configured values come into use, for the configured country.
 . /etc/scripts/lib.sh
 
 # The channels in use: those configured, or with automatic selection a quiet one.
@@ -17,7 +17,7 @@ is_on_air() {
     [ "$(node "/wlan/inf:$1/enable")" = 1 ] && [ "$(node /wlan/ch_mode)" = $(($1 - 1)) ]
 }
 
-# The clients of a radio that is not on the air wait for it in a file.
+# The clients of a radio that is off the air are kept in a file.
 move_clients() {
     away=/var/run/clients.$1
     if is_on_air "$1"; then
