@@ -12,20 +12,19 @@ namespace {
 
 constexpr int POOLS = 4;
 
-enum class PoolSearch : std::uint8_t { Found, None, Unreadable };
-
-PoolSearch find_pool() {
+// True when a pool has an address; nothing when a node could not be read.
+std::optional<bool> has_pool() {
     for (int pool = 1; pool <= POOLS; ++pool) {
         for (const char *edge : {"ippoolstart", "ippoolend"}) {
             UsualValue text;
             if (cfg_get(text, "/sys/adminlimit/ipentry/index:%d/%s", pool, edge) != 0)
-                return PoolSearch::Unreadable;
+                return std::nullopt;
             // An invalid address counts, too: inet_addr does not return 0 for it. Deliberate.
             if (!text.empty() && inet_addr(text.text()) != 0)
-                return PoolSearch::Found;
+                return true;
         }
     }
-    return PoolSearch::None;
+    return false;
 }
 
 void write_pool(int pool, const char *start, const char *end) {
@@ -59,10 +58,10 @@ int drop_address_limit() {
         return CLI_REFUSED;
     if (!includes_limit(*type, LIMITED_BY_ADDRESS))
         return CLI_DONE;
-    const PoolSearch search = find_pool();
-    if (search == PoolSearch::Unreadable)
+    const std::optional<bool> pool = has_pool();
+    if (!pool)
         return CLI_REFUSED;
-    if (search == PoolSearch::None) {
+    if (!*pool) {
         cfg_set_number(*type & LIMITED_BY_VLAN, ADMIN_LIMIT_TYPE);
         cli_printf("Limit Admin IP will be disabled if the Limit Admin IP rule list is null!\n");
     }
@@ -82,11 +81,10 @@ int set_admin_limit_type(CliContext &cli, const char *, CliCommand *) {
     }
     const char *word = arg_next(cli);
     const int type = decimal_value(word);
-    const PoolSearch search =
-        includes_limit(type, LIMITED_BY_ADDRESS) ? find_pool() : PoolSearch::Found;
-    if (search == PoolSearch::Unreadable)
+    const std::optional<bool> pool = includes_limit(type, LIMITED_BY_ADDRESS) ? has_pool() : true;
+    if (!pool)
         return CLI_REFUSED;
-    if (search == PoolSearch::None) {
+    if (!*pool) {
         cli_printf("Please add Limit Admin IP rule!\n");
         return CLI_DONE;
     }
