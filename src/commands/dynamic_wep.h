@@ -21,7 +21,7 @@ inline constexpr ValueSetter DYNAMIC_WEP_INTERVAL{
 inline constexpr SlotSetter SLOT_DYNAMIC_WEP_INTERVAL{
     .leaf = "/d_wep_rekey_interval",
     .rule = DYNAMIC_WEP_INTERVAL_RULE,
-    .wanted = "Dynamic WEP Rekey Interval",
+    .value_name = "Dynamic WEP Rekey Interval",
     .error_line = DYNAMIC_WEP_INTERVAL.error_line,
 };
 inline constexpr SlotSwitch SLOT_DYNAMIC_WEP_LENGTH{

@@ -38,33 +38,33 @@ inline constexpr SlotSwitch SLOT_PARTITION{
 inline constexpr SlotSetter SLOT_SSID{
     .leaf = "/ssid",
     .rule = {ValueKind::Text, 1, 64, "SSID length should less 65\n"},
-    .wanted = "ESSID",
+    .value_name = "ESSID",
     .error_line = "ERROR: Unable to set individual multi-SSID ESSID.\n",
     .value_error = "",
 };
 inline constexpr SlotSetter SLOT_PASSPHRASE{
     .leaf = "/passphrase",
     .rule = PASSPHRASE_RULE,
-    .wanted = "passphrase key",
+    .value_name = "passphrase key",
     .error_line = PASSPHRASE_ERROR,
 };
 inline constexpr SlotSetter SLOT_GROUP_KEY_UPDATE{
     .leaf = "/interval",
     .rule = GROUP_KEY_UPDATE_RULE,
-    .wanted = "Group Key Update interval",
+    .value_name = "Group Key Update interval",
     .error_line = GROUP_KEY_UPDATE_ERROR,
 };
 inline constexpr SlotSetter SLOT_DEFAULT_KEY{
     .leaf = "/wep_key_index",
     .rule = {ValueKind::Number, 1, WEP_KEY_COUNT, WEP_KEY_OUT_OF_RANGE},
-    .wanted = "defalut wep key index",
+    .value_name = "defalut wep key index",
     .error_line = "ERROR: Unable to set defalut wep key index.\n",
     .as_number = true,
 };
 inline constexpr SlotSetter SLOT_PRIORITY{
     .leaf = "/pri_bit",
     .rule = {ValueKind::Number, 1, 4094, "Please specify the correct Priority (1~4094).\n"},
-    .wanted = "Priority",
+    .value_name = "Priority",
     .error_line = "ERROR: Unable to set Priority.\n",
     .value_error = "",
     .out_of_range = "Please input correct multi_SSID priority index: 1-3\n",

@@ -25,7 +25,7 @@ inline constexpr CliHandler *set_pvid =
 inline constexpr SlotSetter SLOT_PVID{
     .leaf = "/vlan_id",
     .rule = VLAN_ID_RULE,
-    .wanted = "VLAN ID",
+    .value_name = "VLAN ID",
     .error_line = VLAN_ID_ERROR,
 };
 inline constexpr SlotDisplay SHOWN_PVID{

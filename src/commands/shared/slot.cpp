@@ -35,7 +35,7 @@ int store_slot_switch(CliContext &cli, const SlotSwitch &target, const char *val
 int store_slot_value(CliContext &cli, const SlotSetter &setter) {
     if (arg_count(cli) != 2)
         return refuse("Wrong input parameters. Please input %s and Multi-SSID index (1-3).\n%s",
-                      setter.wanted, setter.error_line);
+                      setter.value_name, setter.error_line);
     DecimalText digits;
     const char *value = take_value(cli, setter.rule, digits);
     if (value == nullptr)

@@ -39,7 +39,7 @@ int store_slot_switch(CliContext &cli, const SlotSwitch &target, const char *val
 struct SlotSetter {
     const char *leaf;
     ValueRule rule;
-    const char *wanted; // named beside the slot in the refusal of a wrong number of words
+    const char *value_name; // named beside the slot in the refusal of a wrong number of words
     const char *error_line;
     const char *value_error = error_line; // after the message of the rule or of arg_uint
     const char *out_of_range = SLOT_NOT_CORRECT;
