@@ -1,5 +1,5 @@
-// The program's operator new: the C library's allocator, without the C++ library behind it.
-// Every allocation is std::nothrow; a throwing one would need that library.
+// The program's operator new and delete, on the C library's allocator. Every allocation is
+// std::nothrow; a throwing one would need the C++ library.
 #include <cstdlib>
 #include <new>
 
@@ -11,7 +11,7 @@ void *operator new(std::size_t size, const std::nothrow_t &) noexcept {
 void *operator new[](std::size_t size, const std::nothrow_t &) noexcept {
     return std::malloc(size);
 }
-// NOLINTBEGIN(misc-new-delete-overloads): the throwing ones are left out on purpose
+// NOLINTBEGIN(misc-new-delete-overloads): throwing ones are left out on purpose
 void operator delete(void *block) noexcept {
     std::free(block);
 }

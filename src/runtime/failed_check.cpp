@@ -1,6 +1,6 @@
-// Where the C++ library's checks of arguments end. Optimised code has none of them left; without
-// optimisation, or with _GLIBCXX_ASSERTIONS, they stay and call these functions. Each says on
-// standard error what failed and aborts.
+// What the C++ library's checks of arguments call when they fail: each reports on standard error
+// and aborts. Optimised code has none of these checks left; unoptimised code and
+// _GLIBCXX_ASSERTIONS keep them.
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
