@@ -20,7 +20,7 @@ const char *role_name(int role) {
 }
 
 // The item of the row that runs: its name is the item's word, or ends in it among the get rows.
-const SyncItem &typed_sync_item() {
+const SyncItem &sync_item_of_current_row() {
     std::string_view word = current_command->name;
     if (word.starts_with(SYNC_ROW_PREFIX))
         word.remove_prefix(std::string_view(SYNC_ROW_PREFIX).size());
@@ -29,7 +29,7 @@ const SyncItem &typed_sync_item() {
 }
 
 int write_sync_flag(bool on) {
-    const SyncItem &item = typed_sync_item();
+    const SyncItem &item = sync_item_of_current_row();
     cfg_set_plain(on ? "1" : "0", item.node);
     // One of the 64 messages has two blanks. Deliberate.
     const bool two_blanks = !on && std::strcmp(item.word, "ssid") == 0;
@@ -75,7 +75,7 @@ int get_array_sync(CliContext &, const char *, CliCommand *) {
     ValueBuffer flag;
     if (!flag)
         return refuse(CANT_ALLOC_MEMORY);
-    const SyncItem &item = typed_sync_item();
+    const SyncItem &item = sync_item_of_current_row();
     cfg_get_plain(flag, item.node);
     cli_printf("AP Array sync %s status is %s\n", item.word, switch_name(flag.number()));
     return CLI_DONE;
