@@ -20,6 +20,9 @@ public:
     RequestHandler(NodeTree &tree, const JournalWriter &journal,
                    SecondsClock *clock = steady_seconds)
         : tree_(tree), journal_(journal), clock_(clock), uptime_written_(clock()) {}
+    virtual ~RequestHandler() = default;
+    RequestHandler(const RequestHandler &) = delete;
+    RequestHandler &operator=(const RequestHandler &) = delete;
 
     // How many bytes the first request in `bytes` takes, or 0 while it is not there whole.
     [[nodiscard]] static std::size_t request_size(std::string_view bytes);
@@ -28,7 +31,13 @@ public:
     // its first NUL, or else where the request ends. Unknown actions and requests that cannot be
     // carried out change nothing; they are answered with the status -1, or an empty text where
     // the action's reply is a text.
-    std::string answer(std::string_view request);
+    virtual std::string answer(std::string_view request);
+
+    // Called when a client has connected.
+    virtual void note_connection() {}
+
+    // Whether the client that was answered last, or has just connected, is let go.
+    [[nodiscard]] virtual bool hangs_up() const { return false; }
 
     // Whether a request asked the daemon to end.
     [[nodiscard]] bool stopping() const { return stopping_; }

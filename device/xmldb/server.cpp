@@ -75,7 +75,10 @@ bool Server::run() {
 
 void Server::accept_client() {
     UniqueFd client(accept4(listener_.get(), nullptr, nullptr, SOCK_CLOEXEC | SOCK_NONBLOCK));
-    if (client)
+    if (!client)
+        return;
+    handler_.note_connection();
+    if (!handler_.hangs_up())
         connections_.push_back({std::move(client)});
 }
 
@@ -91,6 +94,7 @@ void Server::serve(Connection &connection) {
             return;
         connection.unsent = handler_.answer(std::string_view(connection.received).substr(0, size));
         connection.received.erase(0, size);
+        connection.ended = connection.ended || handler_.hangs_up();
         connection.send_unsent();
     }
 }

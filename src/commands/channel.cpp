@@ -54,7 +54,7 @@ void print_channels(const ListLayout &layout, const char *prefix) {
     }
 }
 
-int print_available_channels() {
+void print_available_channels() {
     const int country = read_country_code().value_or(0);
     const char *name = country_name(country);
     cli_printf("Country:%s\n", name != nullptr ? name : "unknow country!");
@@ -66,7 +66,6 @@ int print_available_channels() {
                    outdoor ? OUTDOOR_CHANNELS_5G : CHANNELS_5G);
     print_channels({"5 GHz available WDS channel =", 13, 29},
                    outdoor ? OUTDOOR_WDS_CHANNELS_5G : WDS_CHANNELS_5G);
-    return CLI_DONE;
 }
 
 bool is_2g_channel(int channel) {
@@ -90,13 +89,15 @@ bool table_holds(const char *prefix, int channel) {
 
 int report_bad_channel() {
     cli_printf("error channel number!\n");
-    return print_available_channels();
+    print_available_channels();
+    return CLI_DONE;
 }
 
 int report_other_band(int band) {
     cli_printf(band == 1 ? "AP is operating in 5 GHz\n" : "AP is operating in 2.4 GHz\n");
     cli_printf("Please check the available channel value below!\n");
-    return print_available_channels();
+    print_available_channels();
+    return CLI_DONE;
 }
 
 } // namespace
@@ -132,7 +133,8 @@ int set_channel(CliContext &cli, const char *, CliCommand *) {
 }
 
 int get_available_channels(CliContext &, const char *, CliCommand *) {
-    return print_available_channels();
+    print_available_channels();
+    return CLI_DONE;
 }
 
 int set_country(CliContext &, const char *, CliCommand *) {

@@ -5,7 +5,7 @@
 #include "config/apply.h"
 #include "shell/dispatch.h"
 
-#include <array>
+#include <algorithm>
 #include <string_view>
 
 inline constexpr int STATIC_LEASE_COUNT = 25;
@@ -35,7 +35,8 @@ inline constexpr auto STATIC_LEASE_ENABLE_HELP =
 
 consteval auto static_lease_disable_help() {
     auto help = texts_around<2>("disable dhcp staticip pool ", STATIC_LEASE_NUMBERS, "");
-    help[21] = {"enable dhcp staticip pool 22"}; // says the opposite. Deliberate.
+    // One says the opposite. Deliberate.
+    std::ranges::copy(STATIC_LEASE_ENABLE_HELP[21], help[21].begin());
     return help;
 }
 

@@ -12,19 +12,20 @@ namespace {
 
 constexpr int POOLS = 4;
 
-// True when a pool has an address; nothing when a node could not be read.
-std::optional<bool> has_pool() {
+enum class PoolSearch : std::uint8_t { Found, None, Unreadable };
+
+PoolSearch find_pool() {
     for (int pool = 1; pool <= POOLS; ++pool) {
         for (const char *edge : {"ippoolstart", "ippoolend"}) {
             UsualValue text;
             if (cfg_get(text, "/sys/adminlimit/ipentry/index:%d/%s", pool, edge) != 0)
-                return std::nullopt;
+                return PoolSearch::Unreadable;
             // An invalid address counts, too: inet_addr does not return 0 for it. Deliberate.
             if (!text.empty() && inet_addr(text.text()) != 0)
-                return true;
+                return PoolSearch::Found;
         }
     }
-    return false;
+    return PoolSearch::None;
 }
 
 void write_pool(int pool, const char *start, const char *end) {
@@ -58,10 +59,10 @@ int drop_address_limit() {
         return CLI_REFUSED;
     if (!includes_limit(*type, LIMITED_BY_ADDRESS))
         return CLI_DONE;
-    const std::optional<bool> pool = has_pool();
-    if (!pool)
+    const PoolSearch search = find_pool();
+    if (search == PoolSearch::Unreadable)
         return CLI_REFUSED;
-    if (!*pool) {
+    if (search == PoolSearch::None) {
         cfg_set_number(*type & LIMITED_BY_VLAN, ADMIN_LIMIT_TYPE);
         cli_printf("Limit Admin IP will be disabled if the Limit Admin IP rule list is null!\n");
     }
@@ -81,10 +82,11 @@ int set_admin_limit_type(CliContext &cli, const char *, CliCommand *) {
     }
     const char *word = arg_next(cli);
     const int type = decimal_value(word);
-    const std::optional<bool> pool = includes_limit(type, LIMITED_BY_ADDRESS) ? has_pool() : true;
-    if (!pool)
+    const PoolSearch search =
+        includes_limit(type, LIMITED_BY_ADDRESS) ? find_pool() : PoolSearch::Found;
+    if (search == PoolSearch::Unreadable)
         return CLI_REFUSED;
-    if (!*pool) {
+    if (search == PoolSearch::None) {
         cli_printf("Please add Limit Admin IP rule!\n");
         return CLI_DONE;
     }

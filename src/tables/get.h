@@ -1,6 +1,32 @@
 #pragma once
 
-#include "tables/families.h"
+#include "commands/acl_rogue.h"
+#include "commands/aparray.h"
+#include "commands/arp_spoofing.h"
+#include "commands/autorekey.h"
+#include "commands/channel.h"
+#include "commands/clients.h"
+#include "commands/dhcp.h"
+#include "commands/dynamic_wep.h"
+#include "commands/fixed_rate.h"
+#include "commands/identity.h"
+#include "commands/keys.h"
+#include "commands/lan_ip.h"
+#include "commands/limited_admin.h"
+#include "commands/mac_clone.h"
+#include "commands/mcast_rate.h"
+#include "commands/mfc.h"
+#include "commands/multissid.h"
+#include "commands/opmode.h"
+#include "commands/qos.h"
+#include "commands/radio.h"
+#include "commands/security.h"
+#include "commands/syslog.h"
+#include "commands/time.h"
+#include "commands/vlan.h"
+#include "commands/wds.h"
+#include "commands/web.h"
+#include "commands/zone_defence.h"
 
 // Families in the order of the device's subsystems; it settles ties between prefixes and never
 // changes.

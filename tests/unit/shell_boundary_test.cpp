@@ -1,8 +1,8 @@
 // Words of others in command lines: no word makes the shell do anything but the one stated command.
-#include "fake_daemon.h"
 #include "recording_shell.h"
 #include "shell_boundary.h"
 #include "table_walk.h"
+#include "test_daemon.h"
 #include "typed_line.h"
 
 #include "shell/builtins.h"
@@ -77,7 +77,7 @@ public:
 
     std::vector<std::string> run(const std::string &line) {
         debug_locked = level_; // each time: `orvik` is among the commands
-        dispatch_line(root_table(), line);
+        type_line(line);
         return shell_.take_lines();
     }
 
@@ -91,10 +91,10 @@ public:
         }
     }
 
-    FakeDaemon &daemon() { return daemon_; }
+    TestDaemon &daemon() { return daemon_; }
 
 private:
-    FakeDaemon daemon_;
+    TestDaemon daemon_;
     RecordingShell shell_;
     std::int32_t level_;
 };

@@ -1,12 +1,10 @@
 // What a console session cannot bring about: databases that refuse, files of any length.
-#include "fake_daemon.h"
 #include "recording_shell.h"
+#include "test_daemon.h"
 #include "typed_line.h"
 
-#include "commands/snmp_community.h"
-#include "commands/snmp_trap.h"
 #include "commands/snmp_usm.h"
-#include "config/apply.h"
+#include "config/unique_fd.h"
 
 #include <fstream>
 #include <gtest/gtest.h>
@@ -32,21 +30,21 @@ TEST(Snmp, ReadsEngineIdBehindItsOffset) {
 }
 
 TEST(Snmp, DeletesAViewOnlySoOftenWhenTheDatabaseRefuses) {
-    FakeDaemon daemon;
+    TestDaemon daemon;
     const RecordingShell shell;
     daemon.put("/sys/snmpd/viewname:1", "all");
-    daemon.behave(FakeDaemon::Manner::Refusal);
-    const CommandRun run = call_handler(delete_snmp_view, "all");
+    daemon.behave(TestDaemon::Manner::Refusal);
+    const CommandRun run = type_line("snmp delview all");
     EXPECT_EQ(run.out, "\nView has been deleted successfully\n");
     EXPECT_EQ(daemon.take_writes().size(), 30U * 3);
 }
 
 TEST(Snmp, KeepsOneConnectionHoweverManyRowsWereDeleted) {
-    FakeDaemon daemon;
+    TestDaemon daemon;
     const RecordingShell shell;
     const auto delete_one = [&daemon] {
         daemon.put("/sys/snmpd/secuname:1", "u");
-        EXPECT_EQ(call_handler(delete_snmp_user, "u").result, CLI_DONE);
+        EXPECT_EQ(type_line("snmp deluser u").result, CLI_DONE);
     };
     const auto next_descriptor = [] { return UniqueFd(dup(STDOUT_FILENO)).get(); };
     delete_one();
@@ -55,17 +53,6 @@ TEST(Snmp, KeepsOneConnectionHoweverManyRowsWereDeleted) {
         delete_one();
     // The daemon's own ends, which it closes when it comes to it, are among the descriptors.
     EXPECT_LT(next_descriptor(), before + 25);
-}
-
-TEST(Snmp, SaysWhatCouldNotBeWrittenAndSavesNothing) {
-    FakeDaemon daemon;
-    RecordingShell shell;
-    pending_apply = 0;
-    daemon.behave(FakeDaemon::Manner::Refusal);
-    EXPECT_EQ(call_handler(edit_public_community, "c").out, "\nUnable to Edit!\n");
-    EXPECT_EQ(call_handler(set_snmp_auth_trap, "disable").out, "\nUnable to set disable!\n");
-    EXPECT_TRUE(shell.take_lines().empty());
-    EXPECT_EQ(pending_apply, 0U);
 }
 
 } // namespace

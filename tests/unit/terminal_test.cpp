@@ -5,7 +5,6 @@
 #include "shell/console.h"
 #include "shell/process.h"
 #include "shell/terminal.h"
-#include "tables/root.h"
 
 #include <cstring>
 #include <fcntl.h>
@@ -142,7 +141,7 @@ void expect_nothing_lost(int keys_mode, int screen_mode) {
     int status = -1;
     waitpid(console, &status, 0);
     EXPECT_EQ(status, 0);
-    EXPECT_EQ(shown, "WAP-> help\n" + dispatch_line(root_table(), "help").out + "WAP-> exit\n");
+    EXPECT_EQ(shown, "WAP-> help\n" + type_line("help").out + "WAP-> exit\n");
 }
 
 TEST(Console, WaitsForStreamsInNonBlockingMode) {

@@ -4,6 +4,7 @@
 #include "captured_output.h"
 
 #include "shell/dispatch.h"
+#include "tables/root.h"
 
 #include <memory>
 #include <string>
@@ -26,35 +27,21 @@ private:
 };
 
 // What came of a command.
-struct CommandRun {
+struct CommandRun : CapturedOutput {
     int result;
-    std::string out;
-    std::string err;
 };
 
-// Calls a handler with `line` as its words, on the radio of `band` (0 = 2.4 GHz, 1 = 5 GHz).
-inline CommandRun call_handler(CliHandler *handler, const std::string &line,
-                               CliCommand *subtable = nullptr, int band = 0) {
-    TypedLine typed(line);
-    typed.cli().current_band = band;
-    CommandRun run{};
-    const CapturedOutput captured =
-        capture_output([&] { run.result = handler(typed.cli(), "", subtable); });
-    run.out = captured.out;
-    run.err = captured.err;
-    return run;
-}
-
-// Dispatches a whole line from `table`.
+// Dispatches a whole line from `table`, on the radio of `band` (0 = 2.4 GHz, 1 = 5 GHz).
 inline CommandRun dispatch_line(CliCommand *table, const std::string &line, int band = 0) {
     TypedLine typed(line);
     typed.cli().current_band = band;
-    CommandRun run{};
-    const CapturedOutput captured =
-        capture_output([&] { run.result = cli_dispatch(typed.cli(), table); });
-    run.out = captured.out;
-    run.err = captured.err;
-    return run;
+    int result = CLI_DONE;
+    return {capture_output([&] { result = cli_dispatch(typed.cli(), table); }), result};
+}
+
+// The same from the program's root table.
+inline CommandRun type_line(const std::string &line, int band = 0) {
+    return dispatch_line(root_table(), line, band);
 }
 
 // The debug level unlocked while it lives.

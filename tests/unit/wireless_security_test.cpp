@@ -1,10 +1,9 @@
 // Wireless security where a console session cannot reach it: every combination of the compatibility
 // rule, the ciphers that it falls back to on the radio that no command selects, and the names under
 // which nodes are read.
-#include "fake_daemon.h"
+#include "test_daemon.h"
 #include "typed_line.h"
 
-#include "commands/keys.h"
 #include "commands/security.h"
 
 #include <gtest/gtest.h>
@@ -15,8 +14,6 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 bool is_refused(int mode, int authentication, int cipher) {
     const bool needs_more_than_a_client =
         authentication == 1 || authentication == 2 || authentication == 4 || authentication == 6;
@@ -26,7 +23,7 @@ bool is_refused(int mode, int authentication, int cipher) {
 }
 
 TEST(WirelessSecurity, ChecksEveryCombinationForEachChange) {
-    FakeDaemon daemon;
+    TestDaemon daemon;
     for (int mode = 0; mode <= 5; ++mode) {
         for (int authentication = 0; authentication <= 10; ++authentication) {
             for (int cipher = 0; cipher <= 5; ++cipher) {
@@ -37,9 +34,11 @@ TEST(WirelessSecurity, ChecksEveryCombinationForEachChange) {
                     daemon.put("/wlan/inf:1/authentication", std::to_string(authentication));
                     daemon.put("/wlan/inf:1/wpa/wepmode", std::to_string(cipher));
                     daemon.put(node, "7"); // replaced by the new value
-                    StreamCapture out(stdout);
-                    EXPECT_EQ(security_check(change, value), refused);
-                    EXPECT_EQ(out.take().empty(), refused == 0);
+                    int result = -1;
+                    const std::string notice =
+                        capture_output([&] { result = security_check(change, value); }).out;
+                    EXPECT_EQ(result, refused);
+                    EXPECT_EQ(notice.empty(), refused == 0);
                 };
                 check(SecurityChange::Mode, mode, "/wlan/inf:1/ap_mode");
                 check(SecurityChange::Authentication, authentication, "/wlan/inf:1/authentication");
@@ -51,7 +50,7 @@ TEST(WirelessSecurity, ChecksEveryCombinationForEachChange) {
 }
 
 TEST(WirelessSecurity, FixesTheCipherByModeAndAuthentication) {
-    FakeDaemon daemon;
+    TestDaemon daemon;
     // The ciphers written for the authentication types 0 to 9; "-" where there is no way.
     const std::pair<int, std::string> FIXES[] = {
         {-1, "0--2-2-2-1"}, {0, "01222222-1"}, {1, "0--2-2-2-1"},
@@ -66,9 +65,11 @@ TEST(WirelessSecurity, FixesTheCipherByModeAndAuthentication) {
         for (int type = 0; type <= 9; ++type) {
             SCOPED_TRACE(testing::Message() << mode << ' ' << type);
             const char cipher = ciphers[static_cast<std::size_t>(type)];
-            StreamCapture out(stdout);
-            const int fixed = security_fixup(typed.cli(), SecurityChange::Authentication, type);
-            const std::string notice = out.take();
+            int fixed = -1;
+            const auto fix = [&] {
+                fixed = security_fixup(typed.cli(), SecurityChange::Authentication, type);
+            };
+            const std::string notice = capture_output(fix).out;
             if (cipher == '-') {
                 EXPECT_EQ(fixed, 0);
                 EXPECT_EQ(notice, "");
@@ -88,8 +89,9 @@ TEST(WirelessSecurity, FixesTheCipherByModeAndAuthentication) {
 }
 
 TEST(WirelessSecurity, ShowsTheNodesThatTheLinesName) {
-    FakeDaemon daemon;
-    std::istringstream lines(call_handler(get_all_keys, "").out);
+    const DebugUnlocked unlocked;
+    TestDaemon daemon;
+    std::istringstream lines(type_line("get allkey").out);
     Lines named;
     for (std::string line; std::getline(lines, line);)
         named.push_back("get " + line.substr(0, line.find_first_of(" =")));

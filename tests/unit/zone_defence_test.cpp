@@ -1,6 +1,6 @@
 // Zone defence of the IPv6 addresses, which no word of the console reaches.
 #include "failing_allocation.h"
-#include "fake_daemon.h"
+#include "test_daemon.h"
 #include "typed_line.h"
 
 #include "commands/zone_defence.h"
@@ -10,32 +10,35 @@
 
 namespace {
 
-using Requests = std::vector<std::string>;
-
 std::string entry(int index) {
     return "/wlan/inf:1/zonedefence_ip/ipv6addr:" + std::to_string(index);
 }
+
+constinit auto rows = command_table({
+    {"add", nullptr, add_zone_ipv6_address},
+    {"remove", nullptr, delete_zone_ipv6_address},
+});
 
 class ZoneIpv6 : public testing::Test {
 protected:
     void SetUp() override { pending_apply = 0; }
 
     // On the 5 GHz radio, since the list is the first radio's whatever the current one.
-    static CommandRun add(const std::string &line) {
-        return call_handler(add_zone_ipv6_address, line, nullptr, 1);
+    static CommandRun add(const std::string &words) {
+        return dispatch_line(rows.data(), "add " + words, 1);
     }
-    static CommandRun remove(const std::string &line) {
-        return call_handler(delete_zone_ipv6_address, line, nullptr, 1);
+    static CommandRun remove(const std::string &words) {
+        return dispatch_line(rows.data(), "remove " + words, 1);
     }
 
     void expect_refused(const CommandRun &run, const std::string &message) {
         EXPECT_EQ(run.result, CLI_REFUSED);
         EXPECT_EQ(run.out, message);
-        EXPECT_EQ(daemon_.take_writes(), Requests{});
+        EXPECT_EQ(daemon_.take_writes(), Lines{});
         EXPECT_EQ(pending_apply, 0U);
     }
 
-    FakeDaemon daemon_;
+    TestDaemon daemon_;
 };
 
 TEST_F(ZoneIpv6, RefusesDuplicatesAndTheSixtyFifthAddress) {
@@ -55,7 +58,7 @@ TEST_F(ZoneIpv6, EndsItsListAtTheFirstHole) {
     EXPECT_EQ(added.result, CLI_DONE);
     EXPECT_EQ(added.out, "");
     EXPECT_EQ(daemon_.take_writes(),
-              (Requests{"del " + entry(2), "set " + entry(2) + " 2001:db8::1"}));
+              (Lines{"del " + entry(2), "set " + entry(2) + " 2001:db8::1"}));
     EXPECT_EQ(pending_apply, APPLY_WLAN);
 }
 
