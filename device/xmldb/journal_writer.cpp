@@ -31,7 +31,7 @@ std::string escaped(char c) {
 } // namespace
 
 JournalWriter::JournalWriter(const char *file)
-    : fd_(open(file, O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, FILE_MODE)) {
+    : fd_(open(file, O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_CLOEXEC, FILE_MODE)) {
     if (!fd_)
         std::perror(file);
 }

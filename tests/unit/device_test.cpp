@@ -198,6 +198,12 @@ TEST(ConfigFile, KeepsTheOldFileWhenTheNewOneCannotBeWritten) {
     EXPECT_EQ(contents(scratch.file("config")), "old");
 }
 
+TEST(JournalWriter, DoesNotWaitForAReader) {
+    const ScratchDirectory scratch;
+    ASSERT_EQ(mkfifo(scratch.file("journal").c_str(), 0600), 0);
+    JournalWriter(scratch.file("journal").c_str()).record("ran", "x");
+}
+
 class RequestHandlerTest : public testing::Test {
 protected:
     std::string answer(std::uint16_t action, const std::string &text, std::uint32_t flags = 0) {
