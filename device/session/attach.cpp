@@ -256,15 +256,13 @@ std::optional<int> take_signal(const UniqueFd &signals, const UniqueFd &connecti
     return 128 + number;
 }
 
-enum class Outcome { ENDED, NOT_TAKEN };
-
-// Runs the program and stores its status. NOT_TAKEN when the device went down before it began.
-Outcome run_session(Device &device, const SessionRequest &request, int &status) {
+// Runs the program. Result: its status, none when the device went down before it began.
+std::optional<int> run_session(Device &device, const SessionRequest &request) {
     release_terminal();
     const UniqueFd signals = watch_signals();
     if (!session::send_request(device.connection.get(), request)) {
         if (errno == EPIPE || errno == ECONNRESET)
-            return Outcome::NOT_TAKEN;
+            return std::nullopt;
         fail("the command line");
     }
     const int terminal = own_terminal();
@@ -279,28 +277,22 @@ Outcome run_session(Device &device, const SessionRequest &request, int &status) 
         if (watched[2].revents != 0)
             pass_on_complaints(device);
         if (watched[1].revents != 0) {
-            if (const std::optional<int> ended = take_signal(signals, device.connection)) {
-                status = *ended;
-                return Outcome::ENDED;
-            }
+            if (const std::optional<int> status = take_signal(signals, device.connection))
+                return status;
         }
         if (watched[0].revents != 0) {
             SessionReply reply;
             if (recv(device.connection.get(), &reply, sizeof reply, 0) != sizeof reply) {
                 if (!taken)
-                    return Outcome::NOT_TAKEN;
+                    return std::nullopt;
                 std::fputs("The device went down.\n", stderr);
-                status = 1;
-                return Outcome::ENDED;
+                return 1;
             }
             taken = true;
-            if (reply.event == SessionEvent::ENDED) {
-                status = reply.status;
-                return Outcome::ENDED;
-            }
+            if (reply.event == SessionEvent::ENDED)
+                return reply.status;
         } else if ((watched[3].revents & (POLLHUP | POLLERR)) != 0) {
-            status = 128 + SIGHUP;
-            return Outcome::ENDED;
+            return 128 + SIGHUP;
         }
     }
 }
@@ -348,10 +340,11 @@ int run(const Options &options) {
         } else if (options.alone) {
             throw std::runtime_error("a device runs in " + options.state + " already");
         }
-        int status = 0;
-        if (device.connection && run_session(device, request, status) == Outcome::ENDED) {
-            leave(device);
-            return status;
+        if (device.connection) {
+            if (const std::optional<int> status = run_session(device, request)) {
+                leave(device);
+                return *status;
+            }
         }
         if (std::chrono::steady_clock::now() >= deadline)
             throw std::runtime_error("the device in " + options.state + " does not go down");
