@@ -200,7 +200,7 @@ std::string troff_line(const std::string &text) {
     return line.find_first_of(".'") == 0 ? "\\&" + line : line;
 }
 
-// Lets a long choice break behind its bars.
+// Lets a long choice break after its bars.
 std::string troff_syntax(const std::string &syntax) {
     std::string line;
     for (const char c : troff(syntax)) {
@@ -225,7 +225,7 @@ struct Entry {
     std::string tag;
     std::uint32_t restarted = 0;
     std::string family; // the path without its last word
-    std::string words;  // behind the path
+    std::string words;  // after the path
 };
 
 std::string family_of(const std::string &path) {

@@ -1,11 +1,11 @@
 // Draws the first scenario of a transcript as a terminal, in SVG: what was typed and printed.
 //
 // usage: picture_session TRANSCRIPT COMMAND FILE
-//   COMMAND   what is typed at the shell to have such a session
+//   COMMAND   what is typed at the shell to start the session
 //   FILE      receives the picture
 //
-// The picture brings its own colours, so that it reads alike on light and dark pages. Each run of
-// text says how wide it is, so that columns stay columns in whatever font there is.
+// The picture has its own colours, for light and dark pages. Each run of text states its width, so
+// that columns line up in any font.
 #include "session/transcript.h"
 #include "session/transcript_text.h"
 
@@ -66,7 +66,7 @@ std::string xml(std::string_view text) {
     return escaped;
 }
 
-// A line of output as it looked on the screen, where a carriage return takes no room.
+// A line of output as it looked on the screen, without its carriage returns.
 Line shown_line(std::string_view line) {
     if (line.starts_with("\\&"))
         line.remove_prefix(2);

@@ -13,7 +13,7 @@
 
 namespace {
 
-// Words of all kinds, to see whether a command minds them.
+// Words of all kinds, to find out whether a command takes any.
 constexpr const char *PROBES[] = {
     "0",
     "1",
@@ -84,7 +84,7 @@ private:
         agreed_ = false;
     }
 
-    // Enters a line for each leaf that its words lead to from `table`, behind `path`. False when
+    // Enters a line for each leaf that its words lead to from `table`, after `path`. False when
     // there is none.
     bool add_line(const SyntaxLine &line, const CliCommand *table, const std::string &path) {
         const std::size_t depth = split_words(path).size();
@@ -154,8 +154,8 @@ private:
         for (const char *probe : PROBES) {
             if (answer_of({path + " " + probe}) == plain)
                 continue;
-            std::cerr << file_ << ": '" << path << "' minds words, such as '" << probe
-                      << "'; a line has to say which\n";
+            std::cerr << file_ << ": '" << path << "' takes words, such as '" << probe
+                      << "'; a line must say which\n";
             agreed_ = false;
             return;
         }

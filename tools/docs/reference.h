@@ -11,7 +11,7 @@
 struct Session {
     std::string line;
     Answer answer;
-    bool prepares = false; // only gives a later line something to work on; may be "PATH = VALUE"
+    bool prepares = false; // only prepares a later line; may be "PATH = VALUE"
 };
 
 // A row that ends a path.
@@ -33,9 +33,9 @@ struct Topic {
     std::vector<Command> commands;
 };
 
-// All topics, those of one word first and else in the order of the tables, with the words that the
-// file tells of. Nothing when the file and the program do not agree; then the disagreements have
-// been printed on standard error: a line that is malformed or names no command, an example that
-// changes nothing or does not fit its words, a range whose ends are not those of the program, and a
-// command that takes words that the file does not tell of.
+// All topics, those of one word first, then the others in the order of the tables, with the words
+// in the file. Nothing when the file and the program disagree; then the disagreements were printed
+// on standard error: a line that is malformed or names no command, an example that changes nothing
+// or does not fit its words, a range whose ends are not the program's, and a command that takes
+// words and is not in the file.
 std::vector<Topic> make_reference(const std::string &words_file);

@@ -22,7 +22,7 @@ std::optional<long> number_of(std::string_view text) {
     return error == std::errc() && stop == end ? std::optional(number) : std::nullopt;
 }
 
-// What stands between bars that have a blank before them; one without stands between words to
+// The parts between bars with a blank before them; a bar without one separates words to
 // choose from.
 std::vector<std::string> split_columns(std::string_view line) {
     std::vector<std::string> columns;

@@ -1,21 +1,21 @@
-// The table of words: what each command takes behind its path, and an example.
+// The table of words: what each command takes after its path, with an example.
 //
-// A line is a command with its words, and after a bar the words of the example:
+// A line is a command with its words, then after a bar the words of the example:
 //
 //     set dtim <1-15> | 7
 //
-// A "*" in the path stands for each row of the table there. After a second bar stand lines,
+// A "*" in the path stands for each row of the table there. A second bar is followed by lines,
 // separated by semicolons, that prepare the example: commands, or "PATH = VALUE" for a node of the
-// database; after a third one other words to show in its place. A command that takes one of several
+// database; a third one by other words to show in its place. A command that takes one of several
 // forms has several lines, and may have several examples of one form; one that refuses all words
-// has a line without words and example. A line that begins with a blank goes on with the one
-// before. Empty lines and those that begin with # do not count. The words:
+// has a line without words and example. A line that begins with a blank continues the one before.
+// Empty lines and those that begin with # are ignored. The words:
 //
-//     enable|disable     one of these, as it stands
-//     <name>             a word of the kind that the name says
-//     <name:1-32>        the same, of so many characters
+//     enable|disable     one of these
+//     <name>             a word of the named kind
+//     <name:1-32>        the same, with this many characters
 //     <0|300-99999>      one of these numbers
-//     [word]             may be left out, as all behind it
+//     [word]             optional, like all that follow
 #pragma once
 
 #include <string>
@@ -59,7 +59,7 @@ std::vector<SyntaxLine> read_syntax_lines(const std::string &file);
 std::vector<std::string> split_words(std::string_view text, char separator = ' ');
 std::string join_words(const std::vector<std::string> &words, std::string_view separator = " ");
 
-// What stands in the place of one word.
+// The syntax of one word.
 class WordSyntax {
 public:
     explicit WordSyntax(std::string_view text);
@@ -74,7 +74,7 @@ public:
     [[nodiscard]] const std::vector<std::string> &taken() const { return taken_; }
     [[nodiscard]] const std::vector<std::string> &refused() const { return refused_; }
 
-    // Whether a word fits, as far as the syntax tells.
+    // Whether a word fits, as far as the syntax says.
     [[nodiscard]] bool fits(std::string_view word) const;
 
 private:

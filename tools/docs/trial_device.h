@@ -1,8 +1,8 @@
-// A device to try commands on, without a device: the database in memory, as it is when a device
-// starts with its factory settings; command lines, the clock and the system log only recorded.
+// A simulated device to try commands on: the database in memory, with the factory settings; command
+// lines, the clock and the system log only recorded.
 //
-// It takes the place of config/xmldb_client, config/host_command and a few functions of the C
-// library, so there is one in a program.
+// It replaces config/xmldb_client, config/host_command and a few functions of the C library, so a
+// program has only one.
 #pragma once
 
 #include <cstdint>
@@ -21,21 +21,21 @@ struct Answer {
     bool operator==(const Answer &) const = default;
 };
 
-// What a tool is taken to answer, where the console reads it.
+// What every tool answers, where the console reads it.
 inline constexpr char TOOL_ANSWER[] = "...";
 
-// Makes the directory `etc`, as the device's root has it, the one that devices start with. False
-// when its settings cannot be read.
+// Sets the directory `etc` that devices start with, as in the device's root. False when its
+// settings cannot be read.
 bool use_trial_settings(const std::string &etc);
 
 // Back to the first start.
 void restart_trial_device();
 
-// Sets a node, as it had been before.
+// Sets a node without recording it.
 void set_trial_node(const std::string &path, const std::string &value);
 
-// Types a line at the prompt, with the debug level unlocked, and collects what comes of it; the
-// bits that were set before only when it may see them.
+// Types a line at the prompt, with the debug level unlocked, and returns what it did. The bits
+// set before count only if `sees_pending`.
 Answer type_line(const std::string &line, bool sees_pending = true);
 
 // The command lines that `set apply` runs for one of its bits, without saving the settings.
