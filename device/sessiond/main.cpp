@@ -42,7 +42,7 @@ int main(int argc, char **argv) {
     keep_to_itself();
     adopt_orphans();
     const pid_t parent = getppid();
-    SessionServer server(std::atoi(argv[1]));
+    SessionServer server(UniqueFd(std::atoi(argv[1])));
     prctl(PR_SET_PDEATHSIG, SIGTERM);
     server.boot("/sbin/boot", UniqueFd(std::atoi(argv[2])));
     const int status = server.run();

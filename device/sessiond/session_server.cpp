@@ -62,7 +62,8 @@ void reply(const UniqueFd &connection, SessionEvent event, int status) {
 
 } // namespace
 
-SessionServer::SessionServer(int listener) : listener_(listener), signals_(watched_signals()) {}
+SessionServer::SessionServer(UniqueFd listener)
+    : listener_(std::move(listener)), signals_(watched_signals()) {}
 
 void SessionServer::boot(const char *program, UniqueFd ready) {
     ready_ = std::move(ready);
@@ -81,7 +82,7 @@ int SessionServer::run() {
         accept_clients();
         if (boot_failure_ || !someone_is_connected())
             return boot_failure_.value_or(0);
-        watched = {{signals_.get(), POLLIN, 0}, {listener_, POLLIN, 0}};
+        watched = {{signals_.get(), POLLIN, 0}, {listener_.get(), POLLIN, 0}};
         // Requests wait until the device is up; clients that leave are noticed before.
         const short wanted = booting_ > 0 ? 0 : POLLIN;
         for (const Session &each : sessions_)
@@ -106,9 +107,8 @@ int SessionServer::run() {
 }
 
 void SessionServer::accept_clients() {
-    int fd = -1;
-    while ((fd = accept4(listener_, nullptr, nullptr, SOCK_CLOEXEC)) >= 0)
-        sessions_.push_back({.connection = UniqueFd(fd)});
+    while (UniqueFd client{accept4(listener_.get(), nullptr, nullptr, SOCK_CLOEXEC)})
+        sessions_.push_back({.connection = std::move(client)});
 }
 
 bool SessionServer::someone_is_connected() const {

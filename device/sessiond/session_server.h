@@ -11,7 +11,7 @@
 class SessionServer {
 public:
     // `listener`: a listening, non-blocking socket of whole messages. Blocks SIGCHLD and SIGTERM.
-    explicit SessionServer(int listener);
+    explicit SessionServer(UniqueFd listener);
 
     // Starts the program that brings the device up. Sessions begin once it has ended well; then
     // `ready` is closed, with a byte written to it before.
@@ -40,7 +40,7 @@ private:
     [[nodiscard]] bool someone_is_connected() const;
     [[nodiscard]] int wait_limit() const;
 
-    int listener_;
+    UniqueFd listener_;
     UniqueFd signals_;
     UniqueFd ready_; // while the device comes up
     pid_t booting_ = -1;

@@ -6,6 +6,7 @@
 #include "shell/process.h"
 #include "shell/terminal.h"
 
+#include <array>
 #include <cstring>
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -24,8 +25,7 @@ public:
         int terminal = -1;
         EXPECT_EQ(openpty(&keyboard, &terminal, nullptr, nullptr, nullptr), 0);
         keyboard_.reset(keyboard);
-        dup2(terminal, STDIN_FILENO);
-        close(terminal);
+        dup2(UniqueFd(terminal).get(), STDIN_FILENO);
     }
     TerminalInput(const TerminalInput &) = delete;
     TerminalInput &operator=(const TerminalInput &) = delete;
@@ -45,6 +45,12 @@ private:
     UniqueFd usual_;
     UniqueFd keyboard_;
 };
+
+std::array<UniqueFd, 2> new_pipe(int mode) {
+    int ends[2] = {};
+    EXPECT_EQ(pipe2(ends, O_CLOEXEC | mode), 0);
+    return {UniqueFd(ends[0]), UniqueFd(ends[1])};
+}
 
 termios settings() {
     termios now{};
@@ -92,52 +98,45 @@ TEST(TerminalWidth, IsTheTerminalsOwnWhereItTellsOne) {
         input.set_width(columns);
         EXPECT_EQ(terminal_width(), width);
     }
-    int ends[2] = {};
-    ASSERT_EQ(pipe(ends), 0);
-    dup2(ends[0], STDIN_FILENO);
+    dup2(new_pipe(0)[0].get(), STDIN_FILENO);
     EXPECT_EQ(terminal_width(), 80);
-    close(ends[0]);
-    close(ends[1]);
 }
 
 // A console with pipes for a keyboard and a screen, one of them in non-blocking mode. The keys
 // come when there is nothing to read, and what is printed finds no room.
 void expect_nothing_lost(int keys_mode, int screen_mode) {
     constexpr int LINE_ROOM = 128; // no line is longer, and each goes out as a whole
-    int keys[2];
-    int screen[2];
-    ASSERT_EQ(pipe2(keys, O_CLOEXEC | keys_mode) | pipe2(screen, O_CLOEXEC | screen_mode), 0);
-    const int room = fcntl(screen[1], F_SETPIPE_SZ, 4096);
+    std::array<UniqueFd, 2> keys = new_pipe(keys_mode);
+    std::array<UniqueFd, 2> screen = new_pipe(screen_mode);
+    const int room = fcntl(screen[1].get(), F_SETPIPE_SZ, 4096);
     const pid_t console = fork();
     if (console == 0) {
-        dup2(keys[0], STDIN_FILENO);
-        dup2(screen[1], STDOUT_FILENO);
-        close(keys[1]);
+        dup2(keys[0].get(), STDIN_FILENO);
+        dup2(screen[1].get(), STDOUT_FILENO);
+        keys[1].reset();
         prepare_process();
         _exit(run_console(stdin, root_table()) + (std::fflush(stdout) != 0 ? 1 : 0));
     }
-    close(screen[1]);
+    screen[1].reset();
     const auto wait_for_output = [&screen](int size) {
         int waiting = 0;
         for (int left = 10'000; waiting < size && left > 0; --left) {
             usleep(1000);
-            ioctl(screen[0], FIONREAD, &waiting);
+            ioctl(screen[0].get(), FIONREAD, &waiting);
         }
         EXPECT_GE(waiting, size);
     };
     wait_for_output(6);
-    EXPECT_EQ(write(keys[1], "hel", 3), 3);
+    EXPECT_EQ(write(keys[1].get(), "hel", 3), 3);
     wait_for_output(9);
-    EXPECT_EQ(write(keys[1], "p\n", 2), 2);
+    EXPECT_EQ(write(keys[1].get(), "p\n", 2), 2);
     wait_for_output(room - LINE_ROOM);
-    close(keys[1]);
-    fcntl(screen[0], F_SETFL, 0);
+    keys[1].reset();
+    fcntl(screen[0].get(), F_SETFL, 0);
     std::string shown;
     char chunk[4096];
-    for (ssize_t got = 0; (got = read(screen[0], chunk, sizeof chunk)) > 0;)
+    for (ssize_t got = 0; (got = read(screen[0].get(), chunk, sizeof chunk)) > 0;)
         shown.append(chunk, static_cast<std::size_t>(got));
-    close(screen[0]);
-    close(keys[0]);
     int status = -1;
     waitpid(console, &status, 0);
     EXPECT_EQ(status, 0);
