@@ -1,9 +1,10 @@
 #!/bin/sh
 # Opens the console on the stand-in access point, after installing and building what is missing.
 #
-# usage: ./run.sh [--factory] [--trace] [--record FILE] [--state DIRECTORY]
+# usage: ./run.sh [--machine] [--factory] [--trace] [--record FILE] [--state DIRECTORY]
 #        ./run.sh --ssh [--state DIRECTORY]
 #
+#   --machine  boot the device as a computer of its own, emulated, and open its serial line
 #   --factory  start from the factory settings and forget the saved ones
 #   --trace    show after each command what it wrote and which command lines it ran
 #   --record   write the session to FILE as a transcript
@@ -18,7 +19,7 @@
 set -eu
 
 usage() {
-    echo "usage: ./run.sh [--factory] [--trace] [--record FILE] [--state DIRECTORY]" >&2
+    echo "usage: ./run.sh [--machine] [--factory] [--trace] [--record FILE] [--state DIRECTORY]" >&2
     echo "       ./run.sh --ssh [--state DIRECTORY]" >&2
     echo "       ./run.sh --help" >&2
     exit 2
@@ -31,13 +32,14 @@ absolute() {
     esac
 }
 
-factory='' trace='' record='' state='' ssh=''
+machine='' factory='' trace='' record='' state='' ssh=''
 while [ $# -gt 0 ]; do
     case $1 in
     --help | -h)
         sed -n '/^# usage: /,/^[^#]/s/^# \{0,1\}//p' "$0"
         exit
         ;;
+    --machine) machine=yes ;;
     --factory) factory=--factory ;;
     --trace) trace=--trace ;;
     --ssh) ssh=yes ;;
@@ -54,7 +56,7 @@ while [ $# -gt 0 ]; do
     shift
 done
 
-[ -z "$ssh" ] || [ -z "$factory$trace$record" ] || usage
+[ -z "$ssh" ] || [ -z "$machine$factory$trace$record" ] || usage
 
 cd -P "$(dirname "$(readlink -f "$0")")"
 build=build/release
@@ -84,14 +86,26 @@ runs() {
     [ -e "$state/lock" ] && ! flock -n "$state/lock" true
 }
 
+compile() {
+    if [ -n "$machine" ]; then
+        device/machine/build && tools/build release --target wap-session
+    else
+        tools/build release --target wap-cli device_root
+    fi
+}
+
 build() {
-    if [ ! -e $build/src/wap-cli ]; then
+    if [ -n "$machine" ]; then
+        [ -e build/machine/vmlinux ] ||
+            echo "Building the console, and a kernel and busybox for it, some minutes ..." >&2
+    elif [ ! -e $build/src/wap-cli ]; then
         device/enter --check >/dev/null
         echo "Building the console and the stand-in device ..." >&2
     fi
-    tools/install-packages run </dev/null >&2
+    # shellcheck disable=SC2086 # words
+    tools/install-packages run ${machine:+cross machine} </dev/null >&2
     failed="run.sh: the build failed"
-    { tools/build release --target wap-cli device_root </dev/null || echo "$failed"; } | show_build
+    { compile </dev/null || echo "$failed"; } | show_build
 }
 
 # A running device keeps the programs that it was started with.
@@ -103,13 +117,19 @@ elif [ -n "$factory" ]; then
 fi
 
 mkdir -p "$state"
-set -- --root $build/device/root --program $build/src/wap-cli --state "$state" \
-    ${factory:+"$factory"}
+enter=device/enter
+set -- --root $build/device/root --program $build/src/wap-cli
+if [ -n "$machine" ]; then
+    enter=device/machine/enter
+    set -- --root build/machine/root
+fi
+set -- "$@" --state "$state" ${factory:+"$factory"}
 if [ -n "$ssh" ]; then
     tools/install-packages ssh </dev/null >&2
     exec device/ssh "$@"
 elif [ -n "$trace$record" ]; then
     exec $build/device/session/wap-session ${trace:+"$trace"} ${record:+--record "$record"} \
-        --journal "$state/var/journal" -- device/enter --own-terminal "$@"
+        ${machine:+--machine "$state/machine/link"} --journal "$state/var/journal" -- \
+        $enter --own-terminal "$@"
 fi
-exec device/enter "$@"
+exec $enter "$@"

@@ -5,6 +5,7 @@
 # usage: ./test.sh [--quick]
 #        ./test.sh --update-transcripts [NAME]
 #        ./test.sh --fuzz MINUTES
+#        ./test.sh --machine
 #        ./test.sh --help
 #
 #   --quick               the inner loop: the format, and the release build's tests without the long
@@ -12,6 +13,7 @@
 #   --update-transcripts  rewrite the transcripts, or only tests/transcripts/NAME.txt, with what
 #                         really happens
 #   --fuzz                run each fuzz target for MINUTES
+#   --machine             boot the device as a computer of its own, and test it over its serial line
 #   --help                show this
 #
 # Each preset is built in its directory below build/; what is up to date is not built or linted
@@ -30,7 +32,7 @@ case $mode in
     sed -n '/^# usage: /,/^[^#]/s/^# \{0,1\}//p' "$0"
     exit
     ;;
-'' | --quick) [ $# -le 1 ] || usage ;;
+'' | --quick | --machine) [ $# -le 1 ] || usage ;;
 --update-transcripts) [ $# -le 2 ] || usage ;;
 --fuzz)
     case ${2-} in
@@ -132,6 +134,28 @@ update_transcripts() {
     exit
 }
 
+# machine_test NAME COMMAND...: adds a test of the machine to the suite.
+machine_test() {
+    echo "add_test(machine.$*)
+set_tests_properties(machine.$1 PROPERTIES TIMEOUT 1200 ENVIRONMENT WAP_TIME_SCALE=5
+    WORKING_DIRECTORY \"$PWD\")" >>"$suite/CTestTestfile.cmake"
+}
+
+# What the machine does as the stand-in does, a transcript of each family, and what it does otherwise.
+test_machine() {
+    new_suite
+    stage build.release tools/build release --parallel "$jobs" --target transcript_test
+    stage build.machine device/machine/build
+    for family in acl_rogue apply arp_spoofing autorekey channel clients dhcp \
+        editing limited_admin mfc snmp_usm transfer ../machine/machine; do
+        machine_test "$(basename $family)" "$PWD/build/release/tests/transcript_test" \
+            --machine --swapped --enter device/machine/enter --root build/machine/root \
+            --program build/mips/src/wap-cli tests/transcripts/$family.txt
+    done
+    machine_test power-cut "$PWD/tests/machine/power-cut"
+    run_suite
+}
+
 # need GROUP...: checks what this system allows, and installs packages.
 need() {
     device/enter --check >/dev/null || exit 1
@@ -161,6 +185,10 @@ case $mode in
 --fuzz)
     need run quick fuzz
     fuzz "$2"
+    ;;
+--machine)
+    tools/install-packages run quick cross machine </dev/null || exit 1
+    test_machine
     ;;
 *)
     need run ssh quick test cross fuzz

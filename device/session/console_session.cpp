@@ -20,8 +20,8 @@ constexpr int LOOK_INTERVAL_MS = 1;
 } // namespace
 
 ConsoleSession::ConsoleSession(const std::vector<std::string> &command, ConsoleInput input,
-                               std::chrono::milliseconds limit)
-    : process_(command, input), input_(input), limit_(limit) {}
+                               std::string machine, std::chrono::milliseconds limit)
+    : process_(command, input, STANDARD_WINDOW, std::move(machine)), input_(input), limit_(limit) {}
 
 std::string ConsoleSession::start() {
     wait_prompt(false);

@@ -24,8 +24,8 @@ public:
 // Operations throw SessionTimeout, and std::system_error when a system call fails.
 class ConsoleSession {
 public:
-    // Starts `command` and allows each of the operations below `limit`.
-    ConsoleSession(const std::vector<std::string> &command, ConsoleInput input,
+    // Starts `command` and allows each of the operations below `limit`. `machine`: see PtyProcess.
+    ConsoleSession(const std::vector<std::string> &command, ConsoleInput input, std::string machine,
                    std::chrono::milliseconds limit);
 
     // Waits for the first prompt, or the program's end. Result: what was printed before it.

@@ -1,5 +1,6 @@
 #include "session/pty_process.h"
 
+#include "session/machine_link.h"
 #include "session/process.h"
 
 #include <algorithm>
@@ -37,11 +38,12 @@ bool poll_for(int fd, short events, int milliseconds) {
 } // namespace
 
 PtyProcess::PtyProcess(const std::vector<std::string> &command, ConsoleInput input,
-                       const winsize &window)
-    : terminal_(open_terminal()), window_(window) {
+                       const winsize &window, std::string machine)
+    : machine_(std::move(machine)), terminal_(open_terminal()), window_(window) {
     termios settings{};
     check(tcgetattr(terminal_.get(), &settings), "tcgetattr");
-    settings.c_oflag &= ~static_cast<tcflag_t>(OPOST);
+    // An emulator switches OPOST back on.
+    settings.c_oflag &= ~static_cast<tcflag_t>(OPOST | ONLCR);
     check(tcsetattr(terminal_.get(), TCSANOW, &settings), "tcsetattr");
     check(ioctl(terminal_.get(), TIOCSWINSZ, &window_), "TIOCSWINSZ");
 
@@ -144,6 +146,8 @@ void PtyProcess::close_input() {
 }
 
 bool PtyProcess::reads_single_characters() const {
+    if (!machine_.empty())
+        return ask_machine(machine_, MachineQuestion::READS_SINGLE_CHARACTERS);
     termios settings{};
     return tcgetattr(terminal_.get(), &settings) == 0 && (settings.c_lflag & ICANON) == 0;
 }
@@ -152,7 +156,8 @@ bool PtyProcess::reads_single_characters() const {
 // readable" means "read".
 bool PtyProcess::input_is_drained() const {
     const UniqueFd side = program_side(terminal_);
-    return !side || !poll_for(side.get(), POLLIN, 0);
+    return !side || (!poll_for(side.get(), POLLIN, 0) &&
+                     (machine_.empty() || ask_machine(machine_, MachineQuestion::IS_IDLE)));
 }
 
 int PtyProcess::wait_exit(std::chrono::milliseconds limit) {

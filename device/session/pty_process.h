@@ -26,9 +26,11 @@ inline constexpr winsize STANDARD_WINDOW{24, 80, 0, 0};
 class PtyProcess {
 public:
     // Starts `command` (a program, looked up in PATH, and its arguments) as leader of a session
-    // whose controlling terminal is the new pseudo-terminal.
+    // whose controlling terminal is the new pseudo-terminal. `machine`: the socket to the
+    // computer that the command emulates, if it does (see ask_machine): its console's terminal is
+    // the one that is asked about.
     PtyProcess(const std::vector<std::string> &command, ConsoleInput input,
-               const winsize &window = STANDARD_WINDOW);
+               const winsize &window = STANDARD_WINDOW, std::string machine = {});
     // The same on a terminal with these settings. The standard streams that `on_terminal` names
     // lead to it; the program has the others from this process.
     PtyProcess(const std::vector<std::string> &command, const std::array<bool, 3> &on_terminal,
@@ -79,6 +81,7 @@ private:
     void spawn(const std::vector<std::string> &command, const std::array<bool, 3> &on_terminal,
                int stdin_fd);
 
+    std::string machine_;
     UniqueFd terminal_; // the controlling side
     UniqueFd input_pipe_;
     winsize window_;

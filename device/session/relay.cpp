@@ -32,8 +32,8 @@ std::size_t begun_prompt(std::string_view text) {
 
 Relay::Relay(const RelayOptions &options, const OuterTerminal &terminal)
     : outer_(terminal), input_(isatty(STDIN_FILENO) ? ConsoleInput::TERMINAL : ConsoleInput::PIPE),
-      process_(options.command, input_, outer_.window()), journal_(options.journal),
-      trace_(options.trace) {
+      process_(options.command, input_, outer_.window(), options.machine),
+      journal_(options.journal), trace_(options.trace) {
     if (options.record)
         recorder_.emplace(input_ == ConsoleInput::PIPE);
 }

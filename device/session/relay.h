@@ -16,6 +16,7 @@ namespace session {
 struct RelayOptions {
     std::vector<std::string> command{};
     std::string journal{}; // the device's journal file
+    std::string machine{}; // the socket to a device that is a machine (see ask_machine)
     bool trace = false;    // print each new journal line, indented, before the prompt
     bool record = false;
 };

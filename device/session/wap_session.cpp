@@ -1,12 +1,14 @@
 // Runs a program on a terminal of its own, connected to the one that this process was started on,
 // which is left as it was however the program or this process ends.
 //
-// usage: wap-session [--trace] [--record FILE] [--journal JOURNALFILE] -- COMMAND [ARGUMENT...]
+// usage: wap-session [--trace] [--record FILE] [--journal JOURNALFILE] [--machine SOCKET]
+//                    -- COMMAND [ARGUMENT...]
 //
 // --trace, for a console, prints each new line of the journal before the next prompt, indented by
-// two blanks. --record writes the session as a transcript. Both need the journal. Standard streams
-// that are not terminals are passed on as they are; where none is one, and without these options,
-// COMMAND replaces this process. The exit status is the command's.
+// two blanks. --record writes the session as a transcript. Both need the journal and, if COMMAND
+// emulates the device as a computer, the socket to it (see ask_machine). Standard streams that are
+// not terminals are passed on as they are; where none is one, and without these options, COMMAND
+// replaces this process. The exit status is the command's.
 
 #include "session/outer_terminal.h"
 #include "session/relay.h"
@@ -38,6 +40,8 @@ std::optional<Options> read_options(const std::vector<std::string> &words) {
             options.record_file = words[++i];
         else if (words[i] == "--journal" && i + 1 < words.size())
             options.relay.journal = words[++i];
+        else if (words[i] == "--machine" && i + 1 < words.size())
+            options.relay.machine = words[++i];
         else
             return std::nullopt;
     }
@@ -70,8 +74,8 @@ int trace(const Options &options, const session::OuterTerminal &terminal) {
 int main(int argc, char **argv) {
     const std::optional<Options> options = read_options({argv, argv + argc});
     if (!options) {
-        std::cerr << "usage: wap-session [--trace] [--record FILE] [--journal JOURNALFILE] -- "
-                     "COMMAND [ARGUMENT...]\n";
+        std::cerr << "usage: wap-session [--trace] [--record FILE] [--journal JOURNALFILE] "
+                     "[--machine SOCKET] -- COMMAND [ARGUMENT...]\n";
         return USAGE_STATUS;
     }
     const session::OuterTerminal terminal;

@@ -1,7 +1,8 @@
 // Plays transcript files on the stand-in device: each file is a test suite, each of its scenarios
 // a test. With --update, what happens is written into the files instead.
 //
-// usage: transcript_test --enter PATH --root DIRECTORY --program PATH [--swapped] [--update]
+// usage: transcript_test --enter PATH --root DIRECTORY --program PATH [--swapped] [--machine]
+//                        [--update]
 //                        [GoogleTest's options] FILE...
 // environment: WAP_TIME_SCALE multiplies the time limits (for slow, emulated programs);
 //              WAP_KEEP_STATE keeps the device's state of failed scenarios.
@@ -44,6 +45,8 @@ std::optional<Arguments> read_arguments(const std::vector<std::string> &words) {
             *value = words[++i];
         else if (words[i] == "--swapped")
             arguments.options.swapped = true;
+        else if (words[i] == "--machine")
+            arguments.options.machine = true;
         else if (words[i] == "--update")
             arguments.update = true;
         else if (words[i].starts_with("--"))
@@ -130,7 +133,7 @@ int main(int argc, char **argv) {
     const auto arguments = read_arguments({argv, argv + argc});
     if (!arguments) {
         std::cerr << "usage: transcript_test --enter PATH --root DIRECTORY --program PATH "
-                     "[--swapped] [--update] FILE...\n";
+                     "[--swapped] [--machine] [--update] FILE...\n";
         return 2;
     }
     std::map<std::string, session::Transcript> transcripts;

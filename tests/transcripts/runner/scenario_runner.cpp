@@ -24,7 +24,7 @@ public:
           console_({options.enter, "--own-terminal", "--root", options.root, "--program",
                     options.program, "--state", state},
                    scenario.piped ? session::ConsoleInput::PIPE : session::ConsoleInput::TERMINAL,
-                   options.limit) {}
+                   options.machine ? state + "/machine/link" : "", options.limit) {}
 
     // Plays one step. Result: its body.
     std::vector<std::string> play(const Step &step);

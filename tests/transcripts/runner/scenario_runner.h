@@ -11,6 +11,7 @@ struct RunnerOptions {
     std::string root{};                // its root file system
     std::string program{};             // the console
     bool swapped = false;              // the device's byte order is not this machine's
+    bool machine = false;              // the device is a computer of its own
     std::chrono::milliseconds limit{}; // for each step
 };
 
