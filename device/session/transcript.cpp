@@ -94,7 +94,7 @@ void Parser::take_comment(std::string_view line) {
 
 void Parser::take_set_up(LineKind kind, std::string_view argument) {
     if (!scenario().steps.empty())
-        refuse("boot and piped stand right below the title");
+        refuse("boot and piped belong right below the title");
     if (kind == LineKind::PIPED)
         scenario().piped = true;
     else
@@ -109,7 +109,7 @@ void Parser::take_step(LineKind kind, std::string_view line) {
     if ((kind == LineKind::KEYS || kind == LineKind::GIVEN) && !unescape(line))
         refuse("unknown escape");
     if (kind == LineKind::COMMAND && !std::all_of(line.begin(), line.end(), is_printable))
-        refuse("a typed line holds printable characters; keys takes the others");
+        refuse("a typed line takes printable characters only; keys takes others");
     begin_steps();
     scenario().steps.push_back({.kind = *step_kind(kind),
                                 .text = std::string(line_argument(line)),
@@ -119,19 +119,19 @@ void Parser::take_step(LineKind kind, std::string_view line) {
 
 void Parser::take_body(LineKind kind, std::string_view line) {
     if (!comments_.empty())
-        refuse("a comment stands above the step that it is about");
+        refuse("a comment belongs above its step");
     begin_steps();
     Step &step = last_step();
     if (step.kind == StepKind::GIVEN || step.kind == StepKind::STOP)
-        refuse("given and stop print nothing");
+        refuse("given and stop have no output");
     if (kind == LineKind::CHILD_INPUT) {
         if (step.kind != StepKind::COMMAND || !step.body.empty() || !scenario().piped)
-            refuse("input for a program stands right below its command, in a piped scenario");
+            refuse("input for a program belongs right below its command, in a piped scenario");
         step.child_input.emplace_back(line_argument(line));
         return;
     }
-    const bool stands_as_written = kind == LineKind::PATTERN || kind == LineKind::EXITED;
-    const auto text = stands_as_written ? std::optional(std::string(line)) : normal_line(line);
+    const bool is_verbatim = kind == LineKind::PATTERN || kind == LineKind::EXITED;
+    const auto text = is_verbatim ? std::optional(std::string(line)) : normal_line(line);
     if (!text)
         refuse("unknown escape");
     step.body.push_back(*text);
@@ -144,7 +144,7 @@ void Parser::begin_steps() {
 
 void Parser::end_scenario() {
     if (!comments_.empty())
-        refuse("a comment stands above the step that it is about");
+        refuse("a comment belongs above its step");
     blanks_ = 0;
 }
 
