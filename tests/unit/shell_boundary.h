@@ -1,13 +1,13 @@
 // What a recorded command line may be made of.
 #pragma once
 
-#include "shell_syntax.h"
-
 #include <algorithm>
 #include <iterator>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
+#include <wordexp.h>
 
 // A word that the shell has no use for: it needs no quotes.
 inline bool is_plain_word(std::string_view word) {
@@ -21,16 +21,28 @@ inline bool is_part_of(std::string_view word, const std::vector<std::string> &te
                        [word](const std::string &text) { return text.starts_with(word); });
 }
 
-// Whether output goes to one of the program's own two places.
-inline bool is_own_redirection(const std::string &redirection) {
-    return redirection == "2>/dev/null" || redirection == ">/dev/null" ||
-           redirection == ">/dev/console";
+// The words of one simple command, as the system's shell reads them; nothing when the line is more
+// than that. The program's own redirections are left out, and its "(null)" stands without brackets.
+inline std::optional<std::vector<std::string>> shell_words(std::string line) {
+    for (const std::string_view redirection :
+         {" 2> /dev/null", " 2>/dev/null", "> /dev/null", " > /dev/console"}) {
+        if (line.ends_with(redirection))
+            line.resize(line.size() - redirection.size());
+    }
+    for (std::size_t at = 0; (at = line.find(" (null)")) != std::string::npos;)
+        line.replace(at, 7, " null");
+    wordexp_t expanded{};
+    if (wordexp(line.c_str(), &expanded, WRDE_NOCMD | WRDE_UNDEF) != 0)
+        return std::nullopt;
+    std::vector<std::string> words(expanded.we_wordv, expanded.we_wordv + expanded.we_wordc);
+    wordfree(&expanded);
+    return words;
 }
 
 // Whether a word of a command line is plain, one of the program's own, or of `foreign`, perhaps
 // behind a directory or a delay.
 inline bool is_accounted_for(std::string_view word, const std::vector<std::string> &foreign) {
-    static const std::vector<std::string> OWN{"(null)", "submit STUNNEL", "submit CONSOLE"};
+    static const std::vector<std::string> OWN{"submit STUNNEL", "submit CONSOLE"};
     const auto is_known = [&foreign](std::string_view part) {
         return is_plain_word(part) || is_part_of(part, OWN) || is_part_of(part, foreign);
     };
@@ -45,14 +57,11 @@ inline bool is_accounted_for(std::string_view word, const std::vector<std::strin
 // command, made of the program's own words and those of `foreign`.
 inline std::string boundary_fault(const std::string &line,
                                   const std::vector<std::string> &foreign) {
-    const std::optional<SimpleCommand> command = parse_simple_command(line);
-    if (!command)
+    const auto words = shell_words(line);
+    if (!words || words->empty() || words->front().find('=') != std::string::npos)
         return "not one simple command: " + line;
-    if (!std::all_of(command->redirections.begin(), command->redirections.end(),
-                     is_own_redirection))
-        return "a redirection of nobody's: " + line;
-    const bool accounted =
-        std::all_of(command->words.begin(), command->words.end(),
-                    [&](const std::string &word) { return is_accounted_for(word, foreign); });
+    const bool accounted = std::all_of(words->begin(), words->end(), [&](const std::string &word) {
+        return is_accounted_for(word, foreign);
+    });
     return accounted ? "" : "a word of nobody's: " + line;
 }
