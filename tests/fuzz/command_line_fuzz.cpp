@@ -2,7 +2,7 @@
 #include "fuzz_target.h"
 
 #include "config/command_line.h"
-#include "unit/shell_syntax.h"
+#include "unit/shell_boundary.h"
 
 #include <string>
 
@@ -19,8 +19,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     require(read_back.has_value());
     if (std::string_view(line.text()).size() == CommandLine::LIMIT)
         return 0;
-    const std::vector<std::string> expected{"tool", "-r", words[0], "-l", "/tmp/" + words[1],
-                                            "-n",   "-7"};
+    std::vector<std::string> expected{"tool", "-r", words[0], "-l", "/tmp/" + words[1], "-n", "-7"};
+    std::erase(expected, "");
     require(*read_back == expected);
     return 0;
 }

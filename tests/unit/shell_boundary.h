@@ -23,19 +23,22 @@ inline bool is_part_of(std::string_view word, const std::vector<std::string> &te
 
 // The words of one simple command, as the system's shell reads them; nothing when the line is more
 // than that. The program's own redirections are left out, and its "(null)" stands without brackets.
+// Empty words are left out as well: the C library takes those quotes for one in which nothing
+// stands at the start of a word.
 inline std::optional<std::vector<std::string>> shell_words(std::string line) {
     for (const std::string_view redirection :
          {" 2> /dev/null", " 2>/dev/null", "> /dev/null", " > /dev/console"}) {
         if (line.ends_with(redirection))
             line.resize(line.size() - redirection.size());
     }
-    for (std::size_t at = 0; (at = line.find(" (null)")) != std::string::npos;)
-        line.replace(at, 7, " null");
     wordexp_t expanded{};
-    if (wordexp(line.c_str(), &expanded, WRDE_NOCMD | WRDE_UNDEF) != 0)
-        return std::nullopt;
+    if (wordexp(line.c_str(), &expanded, WRDE_NOCMD | WRDE_UNDEF) != 0) {
+        const std::size_t at = line.find(" (null)");
+        return at == std::string::npos ? std::nullopt : shell_words(line.replace(at, 7, " null"));
+    }
     std::vector<std::string> words(expanded.we_wordv, expanded.we_wordv + expanded.we_wordc);
     wordfree(&expanded);
+    std::erase(words, "");
     return words;
 }
 
