@@ -1,4 +1,5 @@
 // Taking words and turning them into values; small text operations.
+#include "failing_allocation.h"
 #include "typed_line.h"
 
 #include "commands/shared/address.h"
@@ -284,6 +285,9 @@ TEST(TextUtilities, ReadsLinesOfAnyLength) {
         const std::unique_ptr<char[]> last = read_line(stream, true);
         EXPECT_EQ(last == nullptr ? "" : last.get(), line);
         EXPECT_EQ(read_line(stream, true), nullptr);
+        std::rewind(stream);
+        const FailingAllocation failing(1);
+        EXPECT_EQ(read_line(stream, true), nullptr);
         std::fclose(stream);
     }
 }
@@ -308,6 +312,11 @@ TEST(TextUtilities, PointerArrayGrows) {
     EXPECT_STREQ(array.get(2), "new");
     EXPECT_TRUE(array.set(7, text("other")));
     EXPECT_STREQ(array.get(7), "other");
+    PointerArray::Entry more = text("more");
+    const FailingAllocation failing(1);
+    EXPECT_FALSE(array.set(500, std::move(more)));
+    EXPECT_EQ(array.get(500), nullptr);
+    EXPECT_STREQ(array.get(100), "far");
 }
 
 } // namespace

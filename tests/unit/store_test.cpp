@@ -6,6 +6,7 @@
 #include "config/device_utilities.h"
 #include "config/node_access.h"
 
+#include <cerrno>
 #include <gtest/gtest.h>
 #include <limits>
 #include <sys/socket.h>
@@ -25,6 +26,10 @@ extern "C" ssize_t sendmsg(int socket, const msghdr *message, int flags) {
         bytes.append(static_cast<const char *>(message->msg_iov[part].iov_base),
                      message->msg_iov[part].iov_len);
     ++sends;
+    if (send_limit == 0) {
+        errno = EPIPE;
+        return -1;
+    }
     return send(socket, bytes.data(), std::min(bytes.size(), send_limit), flags);
 }
 
@@ -85,6 +90,22 @@ TEST(XmldbClient, SendsARequestInOneCallUnlessItFallsShort) {
         EXPECT_EQ(daemon.take_requests(), Lines{"set /path a value"});
     }
     send_limit = std::numeric_limits<std::size_t>::max();
+}
+
+TEST(XmldbClient, FailsWhenNothingCanBeSentOrNothingComes) {
+    TestDaemon daemon;
+    char buffer[8];
+    int result = 0;
+    send_limit = 0;
+    EXPECT_EQ(xmldb_get_format(xmldb_open(nullptr), buffer, sizeof buffer, "/p"), -1);
+    EXPECT_EQ(copied_text(XMLDB_GET, "/p", result), "");
+    EXPECT_EQ(result, -1);
+    EXPECT_EQ(xmldb_set(xmldb_open(nullptr), 0, "/p", "v"), -1);
+    send_limit = std::numeric_limits<std::size_t>::max();
+    EXPECT_EQ(daemon.take_requests(), Lines{});
+    daemon.behave(Manner::NoAnswer);
+    EXPECT_EQ(copied_text(XMLDB_GET, "/p", result), "");
+    EXPECT_EQ(xmldb_get_format(xmldb_open(nullptr), buffer, sizeof buffer, "/p"), 0);
 }
 
 TEST(XmldbClient, SaysWhichSocketWasAskedFor) {
