@@ -93,6 +93,8 @@ TEST(CommandCapture, DoesNotLetABigToolBlock) {
     ShortValue<5> value;
     EXPECT_EQ(cmd_capture(value, "head -c 300000 /dev/zero | tr '\\0' x"), 0);
     EXPECT_STREQ(value.text(), "xxxxx");
+    EXPECT_EQ(cmd_capture(value, "echo $0"), 0);
+    EXPECT_STREQ(value.text(), "sh");
 }
 
 TEST(CommandCapture, LeavesTheKeyboardsSignalsToTheTool) {
