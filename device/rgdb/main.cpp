@@ -1,7 +1,7 @@
 // rgdb: the configuration database's command-line tool of the stand-in device.
 
-#include "config/unique_fd.h"
 #include "protocol.h"
+#include "unix_socket.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -10,7 +10,6 @@
 #include <cstring>
 #include <string>
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
@@ -37,20 +36,6 @@ int complain(const char *what, const char *why) {
     return 1;
 }
 
-UniqueFd connect_to_daemon() {
-    const char *path = std::getenv("XMLDB_SOCKET");
-    if (path == nullptr)
-        path = XMLDB_SOCKET;
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::strncpy(address.sun_path, path, sizeof address.sun_path - 1);
-    UniqueFd fd(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    if (connect(fd.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0)
-        return fd;
-    complain("cannot connect to xmldb", std::strerror(errno));
-    return {};
-}
-
 // The daemon's reply to one request; "" when there was none (no reply of the daemon is empty).
 std::string request(std::uint16_t action, std::uint32_t flags, std::string text) {
     text += '\0';
@@ -58,9 +43,12 @@ std::string request(std::uint16_t action, std::uint32_t flags, std::string text)
         complain("request", std::strerror(EMSGSIZE));
         return {};
     }
-    const UniqueFd daemon = connect_to_daemon();
-    if (!daemon)
+    const char *path = std::getenv("XMLDB_SOCKET");
+    const UniqueFd daemon = connect_to(path != nullptr ? path : XMLDB_SOCKET, SOCK_STREAM);
+    if (!daemon) {
+        complain("cannot connect to xmldb", std::strerror(errno));
         return {};
+    }
     const XmldbRequestHeader header{action, static_cast<std::uint16_t>(text.size()), flags, {}};
     std::string bytes(reinterpret_cast<const char *>(&header), sizeof header);
     bytes += text;

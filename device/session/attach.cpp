@@ -14,6 +14,7 @@
 
 #include "session/process.h"
 #include "session/session_socket.h"
+#include "unix_socket.h"
 
 #include <algorithm>
 #include <array>
@@ -22,7 +23,6 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
-#include <cstring>
 #include <fcntl.h>
 #include <optional>
 #include <poll.h>
@@ -32,7 +32,6 @@
 #include <sys/signalfd.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -93,40 +92,20 @@ void tidy_descriptors() {
 
 // ---- the state directory, which is the working directory
 
-sockaddr_un socket_address() {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    std::memcpy(address.sun_path, SOCKET_FILE, sizeof SOCKET_FILE);
-    return address;
-}
-
-UniqueFd new_socket(int flags) {
-    UniqueFd made(check(socket(AF_UNIX, SOCK_SEQPACKET | SOCK_CLOEXEC | flags, 0), "socket"));
-    return made;
-}
-
 // None when no device listens.
 UniqueFd connect_to_device() {
-    UniqueFd connection = new_socket(0);
-    const sockaddr_un address = socket_address();
-    if (connect(connection.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) ==
-        0)
-        return connection;
-    if (errno != ENOENT && errno != ECONNREFUSED)
+    UniqueFd connection = connect_to(SOCKET_FILE, SOCK_SEQPACKET);
+    if (!connection && errno != ENOENT && errno != ECONNREFUSED)
         fail(SOCKET_FILE);
-    return {};
+    return connection;
 }
 
 UniqueFd listen_for_sessions() {
-    UniqueFd listener = new_socket(SOCK_NONBLOCK);
-    const sockaddr_un address = socket_address();
-    unlink(SOCKET_FILE);
     const mode_t before = umask(S_IRWXG | S_IRWXO);
-    const int bound =
-        bind(listener.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address);
+    UniqueFd listener = listen_at(SOCKET_FILE, SOCK_SEQPACKET | SOCK_NONBLOCK);
     umask(before);
-    check(bound, SOCKET_FILE);
-    check(listen(listener.get(), SOMAXCONN), SOCKET_FILE);
+    if (!listener)
+        fail(SOCKET_FILE);
     return listener;
 }
 

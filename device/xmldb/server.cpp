@@ -1,11 +1,12 @@
 #include "server.h"
 
+#include "unix_socket.h"
+
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <poll.h>
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 #include <vector>
 
@@ -28,21 +29,9 @@ Server::~Server() {
 }
 
 bool Server::listen_on(const std::string &path) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (path.size() >= sizeof address.sun_path) {
-        errno = ENAMETOOLONG;
-        return false;
-    }
-    std::ranges::copy(path, address.sun_path);
-    UniqueFd listener(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC | SOCK_NONBLOCK, 0));
-    unlink(path.c_str());
-    if (bind(listener.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0 ||
-        listen(listener.get(), SOMAXCONN) != 0)
-        return false;
-    listener_ = std::move(listener);
+    listener_ = listen_at(path, SOCK_STREAM | SOCK_NONBLOCK);
     path_ = path;
-    return true;
+    return bool(listener_);
 }
 
 bool Server::run() {

@@ -1,5 +1,6 @@
 // The stand-in's database daemon: the rules of its tree, its files, its requests, its server.
 
+#include "unix_socket.h"
 #include "xmldb/config_file.h"
 #include "xmldb/journal_writer.h"
 #include "xmldb/node_tree.h"
@@ -13,7 +14,6 @@
 #include <iterator>
 #include <sys/socket.h>
 #include <sys/stat.h>
-#include <sys/un.h>
 #include <thread>
 #include <unistd.h>
 #include <vector>
@@ -303,15 +303,7 @@ protected:
         thread.join();
     }
 
-    [[nodiscard]] UniqueFd connected() const {
-        sockaddr_un address{};
-        address.sun_family = AF_UNIX;
-        socket_path.copy(address.sun_path, sizeof address.sun_path - 1);
-        UniqueFd fd(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-        EXPECT_EQ(connect(fd.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address),
-                  0);
-        return fd;
-    }
+    [[nodiscard]] UniqueFd connected() const { return connect_to(socket_path, SOCK_STREAM); }
     static void put(const UniqueFd &fd, const std::string &bytes) {
         EXPECT_EQ(send(fd.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL),
                   static_cast<ssize_t>(bytes.size()));

@@ -1,33 +1,18 @@
 #include "database_control.h"
 
-#include "config/unique_fd.h"
 #include "protocol.h"
+#include "unix_socket.h"
 
-#include <cstring>
 #include <limits>
 #include <poll.h>
 #include <stdexcept>
 #include <sys/socket.h>
-#include <sys/un.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr int LOOK_INTERVAL_MS = 1;
 constexpr int MOST_LOOKS = 60'000;
-
-// None when nobody listens at `path`.
-UniqueFd connect_to(const std::string &path) {
-    sockaddr_un address{};
-    address.sun_family = AF_UNIX;
-    if (path.size() >= sizeof address.sun_path)
-        throw std::runtime_error("the socket's path is too long: " + path);
-    path.copy(address.sun_path, path.size());
-    UniqueFd socket_fd(socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0));
-    if (connect(socket_fd.get(), reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0)
-        return {};
-    return socket_fd;
-}
 
 } // namespace
 
@@ -58,7 +43,7 @@ void DatabaseControl::request(std::uint16_t action, const std::string &text) con
     std::string bytes(reinterpret_cast<const char *>(&header), sizeof header);
     bytes.append(text) += '\0';
 
-    const UniqueFd daemon = connect_to(socket_path_);
+    const UniqueFd daemon = connect_to(socket_path_, SOCK_STREAM);
     XmldbStatusReply reply{};
     if (send(daemon.get(), bytes.data(), bytes.size(), MSG_NOSIGNAL) !=
             static_cast<ssize_t>(bytes.size()) ||
