@@ -14,8 +14,10 @@ namespace session {
 
 namespace {
 
-// A command that prints nothing for so long is assumed to wait for input.
+// A command that prints nothing for so long is assumed to wait for input. On an emulated computer,
+// other commands may take more than a second, too.
 constexpr int SILENCE_MS = 1000;
+constexpr int MACHINE_SILENCE_MS = 10'000;
 
 // A program that has closed its terminal ends at once, or never.
 constexpr std::chrono::seconds END_LIMIT{10};
@@ -33,7 +35,8 @@ std::size_t begun_prompt(std::string_view text) {
 Relay::Relay(const RelayOptions &options, const OuterTerminal &terminal)
     : outer_(terminal), input_(isatty(STDIN_FILENO) ? ConsoleInput::TERMINAL : ConsoleInput::PIPE),
       process_(options.command, input_, outer_.window(), options.machine),
-      journal_(options.journal), trace_(options.trace) {
+      journal_(options.journal), trace_(options.trace),
+      silence_ms_(options.machine.empty() ? SILENCE_MS : MACHINE_SILENCE_MS) {
     if (options.record)
         recorder_.emplace(input_ == ConsoleInput::PIPE);
 }
@@ -48,7 +51,7 @@ int Relay::run() {
                                       {process_.process_fd(), POLLIN, 0}}};
         const bool something_waits =
             !held_.empty() || shown_ < printed_.size() || (input_ended_ && !input_closed_);
-        const int ready = poll(wanted.data(), wanted.size(), something_waits ? SILENCE_MS : -1);
+        const int ready = poll(wanted.data(), wanted.size(), something_waits ? silence_ms_ : -1);
         if (ready < 0 && errno != EINTR)
             throw std::system_error(errno, std::generic_category(), "poll");
         if (ready == 0)

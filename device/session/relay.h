@@ -51,6 +51,7 @@ private:
     PtyProcess process_;
     JournalReader journal_;
     bool trace_;
+    int silence_ms_; // how long a command may print nothing before it is given input
     std::optional<Recorder> recorder_;
 
     std::string printed_;   // since the last rest
