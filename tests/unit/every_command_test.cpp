@@ -142,9 +142,9 @@ TEST_F(EveryCommand, HasTheNodesOfOneRadio) {
               "del key, get wlmode, get dfstest, get availablechannel, get acl-table, "
               "get keyentrymethod, get wdsscaninfo, get aparray-state, get arrayname, "
               "get arrayrole, get arraypassword, get arraycfg, get arraytable, get macclonetype, "
-              "get maccloneaddr, set apply, set wlmode, set band, set dfstest, set channel, set "
-              "mcastrate, "
-              "set rogue_set_type_mac, set cipher, set key, set keylength, set keyentrymethod, "
+              "get maccloneaddr, set apply, set wlmode, set band, set dfstest, set channel, "
+              "set mcastrate, set rogue_set_type_mac, set cipher, set key, set keylength, "
+              "set keyentrymethod, "
               "set defkeyindex, set syslog, set aparray-state, set arrayname, set arraypassword, "
               "set arrayrole, set autorekey, set autosetpvid, set macclonetype, "
               "set maccloneaddr, ");
@@ -152,9 +152,8 @@ TEST_F(EveryCommand, HasTheNodesOfOneRadio) {
     EXPECT_EQ(
         mixed,
         "get acktimeout, get acl-table, get autorekey, get groupvid_primary, get multi-groupvid, "
-        "get wds-groupvid, set apmode, set authentication, set cipher, "
-        "set wdsmacadd, set fixedrate, set groupvid_primary, set multi-groupvid, "
-        "set wds-groupvid, ");
+        "get wds-groupvid, set apmode, set authentication, set cipher, set wdsmacadd, "
+        "set fixedrate, set groupvid_primary, set multi-groupvid, set wds-groupvid, ");
 }
 
 // The device has what is read from its start, or a command writes it.

@@ -230,7 +230,7 @@ TEST(ArraySync, KnowsWhatAnItemCovers) {
          {"/wlan/inf:2/dtim", "/wlan/inf:1/dti", "/wlan/inf:1/dtim/x", "x/wlan/inf:1/dtim"}},
         {"dhcp", {"/lan/dhcp/x"}, {"/lan/dhcp", "/lan/dhcps/x", "/runtime/lan/dhcp/x"}},
         {"security",
-         {"/wlan/inf:1/wpa/embradius/state", "/wlan/inf:1/wpa", "/any/wlan/inf:1/wpafoo",
+         {"/wlan/inf:1/authentication", "/wlan/inf:1/wpa", "/any/wlan/inf:1/wpafoo",
           "/any/wlan/inf:1/wepkey"},
          {"/wlan/inf:1/defkey2", "/wlan/inf:2/wpa/wepkey"}},
         {"multi/ssid",
@@ -249,7 +249,7 @@ TEST(ArraySync, KnowsWhatAnItemCovers) {
          {"/qos", "/wlan/inf:1/wds/list"}},
         {"schedule", {"/schedule/x"}, {}},
         {"log", {"/security/log/x"}, {"/sys/login"}},
-        {"system", {"/sys/systemLocation"}, {"/sys/systemlocation"}},
+        {"system", {"/sys/systemName", "/sys/systemLocation"}, {"/sys/systemlocation"}},
         {"consoleprotocol", {"/sys/consoleprotocol/protocol", "/sys/consoleprotocol/timeout"}, {}},
     };
     for (const auto &one : CASES) {
