@@ -25,6 +25,7 @@ TEST(OddValues, HaveAnswersOfTheirOwn) {
         {"/wlan/inf:1/macclone/type -1", "get macclonetype", "MAC address clone is disabled.\n"},
         {"/wlan/inf:1/ap_mode 4", "get apmode", "wds without ap mode"},
         {"/wlan/inf:1/ap_mode 4", "set multi-state enable", ""},
+        {"/wlan/inf:1/ap_mode 3", "set multi-state enable", ""},
         {"/sys/adminlimit/status -1", "get ladtype", "unknown Linited"},
         {"/sys/adminlimit/status 4", "get ladtype", "unknown Linited"},
         {"/time/daylightsaving 1", "get daylightsaving", "Daylight Saving Time is Enabled.\n"},
@@ -55,6 +56,9 @@ TEST(OddValues, HaveAnswersOfTheirOwn) {
         {"", add_user + "1 x 2 abcdefgh", "\n No Auth selected and Priv must be none!\n"},
         {"/sys/snmpd/seculevel:2 2", add_user + "1 ab 1 ab",
          "\nAdd rejected, group is auth required and no priv needed!\n"},
+        {"/sys/snmpd/seculevel:2 2", add_user + "2 abcdefgh 1 ab", "\n Add user successfully!\n"},
+        {"/sys/snmpd/seculevel:2 3", add_user + "1 ab 1 ab",
+         "\nAdd rejected, group is both auth and priv required!\n"},
         {"/sys/snmpd/seculevel:2 3", add_user + "2 abcdefgh 1 ab",
          "\nAdd rejected, group is both auth and priv required!\n"},
     };
