@@ -235,11 +235,11 @@ unsigned sleep(unsigned) {
     return 0;
 }
 
-void vsyslog(int, const char *format, std::va_list values) {
+[[gnu::format(printf, 2, 0)]] void vsyslog(int, const char *format, std::va_list values) {
     record("logged", format_text(format, values));
 }
 
-void syslog(int priority, const char *format, ...) {
+[[gnu::format(printf, 2, 3)]] void syslog(int priority, const char *format, ...) {
     std::va_list values;
     va_start(values, format);
     vsyslog(priority, format, values);
@@ -247,7 +247,7 @@ void syslog(int priority, const char *format, ...) {
 }
 
 // What a checked build calls for the same.
-void __syslog_chk(int priority, int, const char *format, ...) {
+[[gnu::format(printf, 3, 4)]] void __syslog_chk(int priority, int, const char *format, ...) {
     std::va_list values;
     va_start(values, format);
     vsyslog(priority, format, values);
