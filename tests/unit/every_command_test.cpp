@@ -10,6 +10,7 @@
 
 #include <gtest/gtest.h>
 #include <iterator>
+#include <map>
 #include <regex>
 
 namespace {
@@ -20,6 +21,12 @@ using Manner = TestDaemon::Manner;
 std::string on_second_radio(std::string request) {
     const std::size_t at = request.find("lan/inf:1/");
     return at == std::string::npos ? request : request.replace(at, 9, "lan/inf:2");
+}
+
+// Where a request goes, without the numbers of lists.
+std::string kind_of(const std::string &request) {
+    static const std::regex NUMBERS(":[0-9]+|#");
+    return std::regex_replace(NodeTree::canonical(split_words(request)[1]), NUMBERS, "");
 }
 
 class EveryCommand : public testing::Test {
@@ -95,8 +102,11 @@ TEST_F(EveryCommand, WritesNothingElseWhenARequestIsDropped) {
         const bool writes = !std::ranges::all_of(proper, is_read);
         writing += writes ? 1 : 0;
         const std::size_t connections = connections_;
+        std::map<std::string, int> tried; // of a list, the first two rows
         for (std::size_t number = 1; number <= connections; ++number) {
             if (is_flag(proper, number - 1) && is_flag(proper, number - 2))
+                continue;
+            if (number <= proper.size() && ++tried[kind_of(proper[number - 1])] > 2)
                 continue;
             Lines written = requests_of(line, before, 0, number);
             const auto dropped = std::ranges::mismatch(proper, written).in1;
@@ -160,15 +170,11 @@ TEST_F(EveryCommand, HasTheNodesOfOneRadio) {
 TEST_F(EveryCommand, ReadsNodesThatThereAre) {
     std::set<std::string> known;
     std::set<std::string> read;
-    // Without the numbers of lists.
-    const auto kind_of = [](const std::string &path) {
-        return std::regex_replace(NodeTree::canonical(path), std::regex(":[0-9]+|#"), "");
-    };
     for (const auto &[path, value] : settings_.nodes())
-        known.insert(kind_of(path));
+        known.insert(kind_of("get " + path));
     walk_examples([&](const std::string &, const std::string &line, const Lines &before) {
         for (const std::string &request : requests_of(line, before))
-            (is_read(request) ? read : known).insert(kind_of(split_words(request)[1]));
+            (is_read(request) ? read : known).insert(kind_of(request));
     });
     Lines unknown;
     std::ranges::set_difference(read, known, std::back_inserter(unknown));
