@@ -17,7 +17,6 @@
 
 namespace {
 
-constexpr int START_UP_FAILURE = 255;
 constexpr std::size_t DIRECTORY_SIZE = 4096;
 
 int report_start_up_failure(const char *message) {

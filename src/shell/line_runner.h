@@ -6,6 +6,9 @@
 
 #include <memory>
 
+// The exit status when a program cannot start.
+inline constexpr int START_UP_FAILURE = 255;
+
 class LineRunner {
 public:
     // Lines begin in the table `root`.

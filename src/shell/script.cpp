@@ -21,7 +21,6 @@ namespace {
 
 constexpr int LINE_FAILED = 1;
 constexpr int NOT_READ = 2;
-constexpr int START_UP_FAILURE = 255;
 
 struct Options {
     char **texts = nullptr; // of -c
