@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr mode_t FILE_MODE = 0644;
+constexpr mode_t JOURNAL_MODE = 0644;
 
 std::string escaped(char c) {
     switch (c) {
@@ -31,7 +31,7 @@ std::string escaped(char c) {
 } // namespace
 
 JournalWriter::JournalWriter(const char *file)
-    : fd_(open(file, O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_CLOEXEC, FILE_MODE)) {
+    : fd_(open(file, O_WRONLY | O_APPEND | O_CREAT | O_NONBLOCK | O_CLOEXEC, JOURNAL_MODE)) {
     if (!fd_)
         std::perror(file);
 }

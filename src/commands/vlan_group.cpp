@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr std::size_t NAME_LIMIT = 32;
+constexpr std::size_t VLAN_NAME_LIMIT = 32;
 constexpr char NAME_ERROR[] = "ERROR: Unable to set VID name.\n";
 constexpr NumberedList ENTRY("/sys/group_vlan/index:%d");
 constexpr char NAME[] = "/sys/group_vlan/index:%d/group_name";
@@ -140,7 +140,7 @@ int set_group_name(CliContext &cli, const char *, CliCommand *) {
         return refuse(NAME_ERROR);
     }
     const char *name = arg_next(cli);
-    if (std::strlen(name) > NAME_LIMIT)
+    if (std::strlen(name) > VLAN_NAME_LIMIT)
         return refuse("Vid name's length should less 33\n");
     const int vid = decimal_value(arg_next(cli));
     if (!is_vlan_id(vid)) {

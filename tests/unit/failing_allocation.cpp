@@ -5,21 +5,21 @@
 
 namespace {
 
-FailingAllocation *active = nullptr;
+FailingAllocation *failing = nullptr;
 
 bool fails_now() {
-    return active != nullptr && active->count_allocation();
+    return failing != nullptr && failing->count_allocation();
 }
 
 } // namespace
 
 FailingAllocation::FailingAllocation(int nth, bool all_later)
     : countdown_(nth), all_later_(all_later) {
-    active = this;
+    failing = this;
 }
 
 FailingAllocation::~FailingAllocation() {
-    active = nullptr;
+    failing = nullptr;
 }
 
 bool FailingAllocation::count_allocation() {

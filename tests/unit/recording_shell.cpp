@@ -15,7 +15,7 @@
 namespace {
 
 // Other threads (a fuzzer has one that watches the memory) go on as usual.
-thread_local RecordingShell *active = nullptr;
+thread_local RecordingShell *recording = nullptr;
 
 constexpr pid_t NO_PROCESS = std::numeric_limits<pid_t>::max();
 
@@ -26,19 +26,19 @@ Function *usual(Function *, const char *name) {
 
 // No test may ever change the host's clock.
 int remember_clock(std::time_t seconds) {
-    if (active != nullptr)
-        active->remember("set clock " + std::to_string(seconds));
+    if (recording != nullptr)
+        recording->remember("set clock " + std::to_string(seconds));
     return 0;
 }
 
 } // namespace
 
 RecordingShell::RecordingShell() {
-    active = this;
+    recording = this;
 }
 
 RecordingShell::~RecordingShell() {
-    active = nullptr;
+    recording = nullptr;
 }
 
 std::vector<std::string> RecordingShell::take_lines() {
@@ -58,16 +58,16 @@ int RecordingShell::start_shell(const char *line) {
 extern "C" {
 
 int system(const char *line) {
-    if (active == nullptr)
+    if (recording == nullptr)
         return usual(system, "system")(line);
-    active->remember(line);
+    recording->remember(line);
     return 0;
 }
 
 int posix_spawn_file_actions_adddup2(posix_spawn_file_actions_t *actions, int fd,
                                      int new_fd) noexcept {
-    if (active != nullptr)
-        active->print_into(fd);
+    if (recording != nullptr)
+        recording->print_into(fd);
     return usual(posix_spawn_file_actions_adddup2, "posix_spawn_file_actions_adddup2")(actions, fd,
                                                                                        new_fd);
 }
@@ -75,11 +75,11 @@ int posix_spawn_file_actions_adddup2(posix_spawn_file_actions_t *actions, int fd
 int posix_spawn(pid_t *pid, const char *path, const posix_spawn_file_actions_t *actions,
                 const posix_spawnattr_t *attributes, char *const *arguments,
                 char *const *environment) {
-    if (active == nullptr)
+    if (recording == nullptr)
         return usual(posix_spawn, "posix_spawn")(pid, path, actions, attributes, arguments,
                                                  environment);
     *pid = NO_PROCESS;
-    return active->start_shell(arguments[2]);
+    return recording->start_shell(arguments[2]);
 }
 
 pid_t waitpid(pid_t pid, int *status, int options) {
@@ -87,9 +87,9 @@ pid_t waitpid(pid_t pid, int *status, int options) {
 }
 
 unsigned sleep(unsigned seconds) {
-    if (active == nullptr)
+    if (recording == nullptr)
         return usual(sleep, "sleep")(seconds);
-    active->remember("sleep " + std::to_string(seconds));
+    recording->remember("sleep " + std::to_string(seconds));
     return 0;
 }
 

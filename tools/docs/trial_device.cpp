@@ -177,9 +177,16 @@ int xmldb_del(const UniqueFd &, std::uint32_t, const char *path) {
     return 0;
 }
 
+int xmldb_status_action(const UniqueFd &, std::uint16_t, std::uint32_t, const char *) {
+    return 0;
+}
+
 // The host's shell.
 
 unsigned command_lines_run = 0;
+unsigned command_lines_interrupted = 0;
+
+void make_output_blocking() {}
 
 int run_command_line(const CommandLine &line) {
     record("ran", line.text());
