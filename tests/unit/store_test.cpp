@@ -2,14 +2,18 @@
 #include "test_daemon.h"
 #include "typed_line.h"
 
+#include "../scratch_directory.h"
 #include "config/array_sync.h"
 #include "config/device_utilities.h"
 #include "config/node_access.h"
+#include "unix_socket.h"
 
 #include <cerrno>
 #include <gtest/gtest.h>
 #include <limits>
+#include <poll.h>
 #include <sys/socket.h>
+#include <thread>
 
 namespace {
 
@@ -175,6 +179,26 @@ TEST(NodeAccess, ReportsADeadDaemon) {
     EXPECT_TRUE(value.empty());
     EXPECT_EQ(set, -1);
     EXPECT_EQ(deleted, -1);
+}
+
+TEST(NodeAccess, ReportsAFailedRead) {
+    const ScratchDirectory directory;
+    const std::string socket = directory.file("socket");
+    const UniqueFd listener = listen_at(socket, SOCK_STREAM);
+    const char *usual_socket = std::exchange(xmldb_default_socket, socket.c_str());
+    // A peer that leaves a request unread resets the connection.
+    std::thread peer([&listener] {
+        const UniqueFd client(accept(listener.get(), nullptr, nullptr));
+        pollfd request{client.get(), POLLIN, 0};
+        poll(&request, 1, -1);
+    });
+    ShortValue<7> value;
+    int got = 0;
+    EXPECT_EQ(capture_output([&] { got = cfg_get(value, "/node"); }).err,
+              "Read database failed.: Connection reset by peer\n");
+    EXPECT_EQ(got, -1);
+    peer.join();
+    xmldb_default_socket = usual_socket;
 }
 
 TEST(NodeAccess, SurvivesAMisbehavingDaemon) {
