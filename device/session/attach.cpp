@@ -326,7 +326,7 @@ int run(const Options &options) {
             }
         }
         if (std::chrono::steady_clock::now() >= deadline)
-            throw std::runtime_error("the device in " + options.state + " does not go down");
+            throw std::runtime_error("the device in " + options.state + " takes no sessions");
         poll(nullptr, 0, LOOK_INTERVAL_MS);
     }
 }
