@@ -123,6 +123,7 @@ TEST(Administration, GoesOnAfterFailedWrites) {
          {"/etc/templates/webs.sh stop"}},
         {"snmp editpubliccomm c", "\nUnable to Edit!\n", 0, CLI_REFUSED},
         {"snmp authtrap disable", "\nUnable to set disable!\n", 0, CLI_REFUSED},
+        {"set apply", "", 0, CLI_REFUSED}, // with nothing to apply
     };
     const DebugUnlocked unlocked;
     TestDaemon daemon;
