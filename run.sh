@@ -95,15 +95,15 @@ compile() {
 }
 
 build() {
+    [ -n "$machine" ] || [ -e $build/src/wap-cli ] || device/enter --check >/dev/null
+    # shellcheck disable=SC2086 # words
+    tools/install-packages run ${machine:+cross machine} </dev/null >&2
     if [ -n "$machine" ]; then
         [ -e build/machine/vmlinux ] ||
             echo "Building the console, and a kernel and busybox for it, some minutes ..." >&2
     elif [ ! -e $build/src/wap-cli ]; then
-        device/enter --check >/dev/null
         echo "Building the console and the stand-in device ..." >&2
     fi
-    # shellcheck disable=SC2086 # words
-    tools/install-packages run ${machine:+cross machine} </dev/null >&2
     failed="run.sh: the build failed"
     { compile </dev/null || echo "$failed"; } | show_build
 }
