@@ -253,7 +253,7 @@ std::vector<Entry> entries_of(const Topic &topic) {
         Entry &last = entries.back();
         std::string &syntax = last.syntax[0];
         syntax.insert(syntax.size() - last.words.size(),
-                      "|" + command.path.substr(last.family.size() + 1));
+                      std::string("|").append(command.path, last.family.size() + 1));
         if (last.help.find("; ") == std::string::npos ||
             last.help.size() + command.help.size() < 400)
             last.help += "; " + command.help;

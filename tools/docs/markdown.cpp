@@ -158,8 +158,8 @@ void write_contents(std::ostream &out, const std::vector<Topic> &topics) {
             column = section.size() + 5;
             out << (column == 0 ? "\n**" : "\n\n**") << section << "**:";
         }
-        const std::string link =
-            "[" + topic.path.substr(topic.path.find(' ') + 1) + "](#" + anchor_of(topic.path) + ")";
+        const std::string link = std::string("[").append(topic.path, topic.path.find(' ') + 1) +
+                                 "](#" + anchor_of(topic.path) + ")";
         column += link.size() + 1;
         out << (column > WIDTH ? "\n" : " ") << link;
         column = column > WIDTH ? link.size() : column;
