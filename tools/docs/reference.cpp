@@ -67,7 +67,10 @@ public:
     explicit ReferenceMaker(std::string file) : file_(std::move(file)) {}
 
     std::vector<Topic> make() {
-        for (const SyntaxLine &line : read_syntax_lines(file_)) {
+        const std::vector<SyntaxLine> lines = read_syntax_lines(file_);
+        if (lines.empty())
+            return {};
+        for (const SyntaxLine &line : lines) {
             if (!add_line(line, root_table(), ""))
                 disagree(line, "there is no command '" + line.syntax + "'");
         }
@@ -75,7 +78,7 @@ public:
         std::stable_partition(topics_.begin(), topics_.end(), [](const Topic &topic) {
             return topic.path.find(' ') == std::string::npos;
         });
-        return agreed_ && !lines_.empty() ? topics_ : std::vector<Topic>();
+        return agreed_ ? topics_ : std::vector<Topic>();
     }
 
 private:
