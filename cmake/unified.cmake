@@ -1,7 +1,8 @@
 # Compiles the sources of the targets below a directory eight at a time, in files that include them:
 # builds with sanitizers and the linter spend most of their time on headers. Names in anonymous
 # namespaces are therefore unique within a target. By the names of the files clang's analyser knows
-# that it has to look at the functions of what they include.
+# that it has to look at the functions of what they include. Targets whose UNITY_BUILD is off stay as
+# they are.
 function(unify_targets directory)
     get_property(subdirectories DIRECTORY ${directory} PROPERTY SUBDIRECTORIES)
     foreach(subdirectory ${subdirectories})
@@ -10,8 +11,9 @@ function(unify_targets directory)
     get_property(targets DIRECTORY ${directory} PROPERTY BUILDSYSTEM_TARGETS)
     foreach(target ${targets})
         get_target_property(sources ${target} SOURCES)
+        get_target_property(wanted ${target} UNITY_BUILD)
         list(LENGTH sources count)
-        if(sources AND count GREATER 1)
+        if(sources AND count GREATER 1 AND NOT wanted STREQUAL OFF)
             unify(${target} ${sources})
         endif()
     endforeach()
