@@ -1,6 +1,7 @@
 // What the C++ library's checks of arguments call when they fail: each reports on standard error
 // and aborts. Optimised code has none of these checks left; unoptimised code and
-// _GLIBCXX_ASSERTIONS keep them.
+// _GLIBCXX_ASSERTIONS keep them. The attributes are spelt as in the library's own declarations,
+// which clang compares.
 #include <cstdarg>
 #include <cstdio>
 #include <cstdlib>
@@ -8,7 +9,8 @@
 // NOLINTBEGIN(readability-identifier-naming): the library's names
 namespace std {
 
-[[noreturn, gnu::format(printf, 1, 2)]] void __throw_out_of_range_fmt(const char *format, ...) {
+[[gnu::noreturn, gnu::format(printf, 1, 2)]] void __throw_out_of_range_fmt(const char *format,
+                                                                           ...) {
     std::va_list values;
     va_start(values, format);
     std::vfprintf(stderr, format, values);
@@ -17,8 +19,8 @@ namespace std {
     std::abort();
 }
 
-[[noreturn]] void __glibcxx_assert_fail(const char *file, int line, const char *function,
-                                        const char *condition) noexcept {
+[[gnu::noreturn]] void __glibcxx_assert_fail(const char *file, int line, const char *function,
+                                             const char *condition) noexcept {
     std::fprintf(stderr, "%s:%d: %s: '%s' does not hold\n", file, line, function, condition);
     std::abort();
 }
