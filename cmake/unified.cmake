@@ -1,8 +1,8 @@
 # Compiles the sources of the targets below a directory eight at a time, in files that include them:
 # builds with sanitizers and the linter spend most of their time on headers. Names in anonymous
 # namespaces are therefore unique within a target. By the names of the files clang's analyser knows
-# that it has to look at the functions of what they include. Targets whose UNITY_BUILD is off stay as
-# they are.
+# that it has to look at the functions of what they include, which CMake's own UNITY_BUILD does not
+# give. Targets where that is off, and sources with SKIP_UNITY_BUILD_INCLUSION, stay as they are.
 function(unify_targets directory)
     get_property(subdirectories DIRECTORY ${directory} PROPERTY SUBDIRECTORIES)
     foreach(subdirectory ${subdirectories})
@@ -22,7 +22,7 @@ endfunction()
 function(unify target)
     get_target_property(source_directory ${target} SOURCE_DIR)
     get_target_property(binary_directory ${target} BINARY_DIR)
-    if(EXISTS ${source_directory}/.clang-tidy)
+    if(EXISTS ${source_directory}/.clang-tidy) # the linter takes the settings nearest to a file
         configure_file(${source_directory}/.clang-tidy ${binary_directory} COPYONLY)
     endif()
     set(directory ${binary_directory}/CMakeFiles/${target}.dir)

@@ -9,8 +9,8 @@ namespace {
 
 constexpr int ARP_RULES = 8;
 constexpr NumberedList ARP_RULE("/arpspoofing/static/index:%d");
-constexpr NumberedList RULE_ADDRESS("/arpspoofing/static/index:%d/ip");
-constexpr NumberedList RULE_MAC("/arpspoofing/static/index:%d/mac");
+constexpr NumberedList ARP_RULE_ADDRESS("/arpspoofing/static/index:%d/ip");
+constexpr NumberedList ARP_RULE_MAC("/arpspoofing/static/index:%d/mac");
 
 using ArpText = ShortValue<20>;
 
@@ -22,7 +22,7 @@ int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
     if (arg_count(cli) != 2)
         return refuse(ARP_ADD_USAGE);
     ArpText stored;
-    const ListPlace place = find_in_list(RULE_ADDRESS, stored, "", ARP_RULES);
+    const ListPlace place = find_in_list(ARP_RULE_ADDRESS, stored, "", ARP_RULES);
     // Checked before the words. Deliberate.
     if (place.result == SearchResult::Full)
         return refuse("Max rules num is 8! \nCan't add rule because table is full!\n");
@@ -33,8 +33,8 @@ int add_arp_rule(CliContext &cli, const char *, CliCommand *) {
     MacText mac{};
     if (arg_ipv4(cli, address) == 0 || arg_mac(cli, mac) == 0)
         return refuse(ARP_ADD_USAGE);
-    RULE_ADDRESS.write(*rule, ipv4_text(address).data());
-    RULE_MAC.write(*rule, mac.data());
+    ARP_RULE_ADDRESS.write(*rule, ipv4_text(address).data());
+    ARP_RULE_MAC.write(*rule, mac.data());
     return mark_for_apply(APPLY_ARPSPOOF);
 }
 
@@ -58,9 +58,9 @@ int get_arp_rules(CliContext &, const char *, CliCommand *) {
     cli_printf("----------------ARP Spoofing Prevention Rules---------------\n"
                "Index\tGateway IP Address\tGateway MAC Address\n");
     ArpText address;
-    for_each_entry(RULE_ADDRESS, address, ARP_RULES, [&](int index) {
+    for_each_entry(ARP_RULE_ADDRESS, address, ARP_RULES, [&](int index) {
         ArpText mac;
-        static_cast<void>(RULE_MAC.read(mac, index)); // shown as empty when unreadable
+        static_cast<void>(ARP_RULE_MAC.read(mac, index)); // shown as empty when unreadable
         cli_printf("%d\t%s\t\t%s\n", index, address.text(), mac.text());
     });
     return CLI_DONE;
